@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#include <cstdio>
+
+#include "platform/Desktop.hpp"
+
+namespace mobrel {
+
+namespace {
+
+void tell(std::string_view text) {
+    std::fprintf(stderr, "mobrel: %.*s\n", static_cast<int>(text.size()), text.data());
+}
+
+class ConsoleWindows final : public Windows {
+ public:
+    MessageAnswer message(std::string_view text, MessageIcon, MessageButtons buttons) override {
+        tell(text);
+        return buttons == MessageButtons::Ok ? MessageAnswer::Ok : MessageAnswer::Yes;
+    }
+
+    bool showDialog(std::string_view, int) override {
+        tell("this number opens a dialog, and dialogs are not part of this version yet");
+        return false;
+    }
+
+    void setHourglass(bool) override {}  // there is no pointer
+};
+
+class NoPendingEvents final : public PendingEvents {
+ public:
+    void run() override {}  // none can wait
+};
+
+}  // namespace
+
+Desktop consoleDesktop() {
+    static ConsoleWindows windows;
+    static NoPendingEvents pendingEvents;
+    return {&windows, &pendingEvents};
+}
+
+}  // namespace mobrel

@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: MIT
+#include "platform/DeviceContext.hpp"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <functional>
+#include <vector>
+
+#include "platform/PixelBuffer.hpp"
+#include "platform/RuntimeError.hpp"
+
+namespace mobrel {
+
+namespace {
+
+constexpr std::size_t kPixelBytes = 4;
+
+/// One side of a rectangle, and the extent of its surface along that side.
+struct Side {
+    std::int64_t origin;
+    std::int64_t size;
+    int extent;
+
+    std::int64_t length() const { return size < 0 ? -size : size; }
+    /// The place of the rectangle's pixel d; a negative size counts downwards.
+    std::int64_t place(std::int64_t d) const { return size < 0 ? origin - d : origin + d; }
+    std::int64_t lowest() const { return size < 0 ? origin + size + 1 : origin; }
+};
+
+/// What a stretch does along one axis: target pixel first + i takes source pixel sources[i].
+struct AxisMap {
+    int first = 0;
+    std::vector<int> sources;
+
+    bool empty() const { return sources.empty(); }
+    std::size_t bytes() const { return sources.size() * kPixelBytes; }
+    bool isReversed() const { return sources.front() > sources.back(); }
+    int lowestSource() const { return std::min(sources.front(), sources.back()); }
+    int highestSource() const { return std::max(sources.front(), sources.back()); }
+};
+
+/// The mapping of the whole sides, then cut to the pixels that both surfaces have. The mapping is
+/// monotone, so what is left is one run.
+AxisMap mapAxis(const Side& target, const Side& source) {
+    AxisMap map;
+    if (target.size == 0 || source.size == 0) return map;
+    const std::int64_t begin = std::max<std::int64_t>(target.lowest(), 0);
+    const std::int64_t end = std::min<std::int64_t>(target.lowest() + target.length(), target.extent);
+    for (std::int64_t pixel = begin; pixel < end; ++pixel) {
+        const std::int64_t d = target.size < 0 ? target.origin - pixel : pixel - target.origin;
+        const std::int64_t taken = source.place(((2 * d + 1) * source.length() - 1) / (2 * target.length()));
+        if (taken < 0 || taken >= source.extent) continue;
+        if (map.empty()) map.first = static_cast<int>(pixel);
+        map.sources.push_back(static_cast<int>(taken));
+    }
+    return map;
+}
+
+bool hasStep(const AxisMap& map, int step) {
+    const auto breaks = [step](int a, int b) { return b - a != step; };
+    return std::ranges::adjacent_find(map.sources, breaks) == map.sources.end();
+}
+
+/// True when the map from a side to itself puts every pixel at its mirror image or where it was.
+bool isMirrorOrIdentity(const AxisMap& map, int extent) {
+    return map.sources.size() == static_cast<std::size_t>(extent) && (hasStep(map, 1) || hasStep(map, -1));
+}
+
+std::uint8_t* pixelAt(std::uint8_t* line, int x) {
+    return line + static_cast<std::size_t>(x) * kPixelBytes;
+}
+const std::uint8_t* pixelAt(const std::uint8_t* line, int x) {
+    return line + static_cast<std::size_t>(x) * kPixelBytes;
+}
+
+/// Sets the target line's pixels from a source line in other memory.
+void gatherLine(std::uint8_t* out, const std::uint8_t* line, const AxisMap& columns) {
+    for (const int x : columns.sources) {
+        std::memcpy(out, pixelAt(line, x), kPixelBytes);
+        out += kPixelBytes;
+    }
+}
+
+/// Fits the source to the target; the two share no memory.
+void copyPixels(DeviceContext& target, const DeviceContext& source, const AxisMap& columns,
+                const AxisMap& rows) {
+    const bool plain = hasStep(columns, 1);
+    const std::uint8_t* previous = nullptr;
+    for (std::size_t i = 0; i < rows.sources.size(); ++i) {
+        std::uint8_t* out = pixelAt(target.line(rows.first + static_cast<int>(i)), columns.first);
+        const std::uint8_t* line = source.line(rows.sources[i]);
+        if (i > 0 && rows.sources[i] == rows.sources[i - 1]) {
+            std::memcpy(out, previous, columns.bytes());
+        } else if (plain) {
+            std::memcpy(out, pixelAt(line, columns.sources.front()), columns.bytes());
+        } else {
+            gatherLine(out, line, columns);
+        }
+        previous = out;
+    }
+}
+
+/// Fits the source to a target on the same memory, from a copy of the block that is read.
+void copyPixelsAside(DeviceContext& target, const DeviceContext& source, AxisMap columns, AxisMap rows) {
+    const int left = columns.lowestSource();
+    const int top = rows.lowestSource();
+    const int width = columns.highestSource() - left + 1;
+    const int height = rows.highestSource() - top + 1;
+    auto buffer = PixelBuffer::create(width, height);
+    if (!buffer) throw RuntimeError(ErrorNumber::OutOfMemory);
+    DeviceContext block(buffer->bits(), width, height, RowOrder::TopDown);
+    block.BitBlt(0, 0, width, height, source, left, top);
+    for (int& x : columns.sources) x -= left;
+    for (int& y : rows.sources) y -= top;
+    copyPixels(target, block, columns, rows);
+}
+
+/// Moves a block within the surface, the lines in the order that reads each before it is written.
+void moveBlock(DeviceContext& surface, const AxisMap& columns, const AxisMap& rows) {
+    const int count = static_cast<int>(rows.sources.size());
+    const int source = rows.sources.front();
+    const bool downwards = rows.first > source;
+    for (int i = 0; i < count; ++i) {
+        const int y = downwards ? count - 1 - i : i;
+        std::memmove(pixelAt(surface.line(rows.first + y), columns.first),
+                     pixelAt(surface.line(source + y), columns.sources.front()), columns.bytes());
+    }
+}
+
+void reverseLine(std::uint8_t* line, int width) {
+    std::uint8_t* right = pixelAt(line, width - 1);
+    for (std::uint8_t* left = line; left < right; left += kPixelBytes, right -= kPixelBytes) {
+        std::uint8_t kept[kPixelBytes];
+        std::memcpy(kept, left, kPixelBytes);
+        std::memcpy(left, right, kPixelBytes);
+        std::memcpy(right, kept, kPixelBytes);
+    }
+}
+
+void reverseLineOrder(DeviceContext& surface) {
+    const std::size_t bytes = static_cast<std::size_t>(surface.width()) * kPixelBytes;
+    std::vector<std::uint8_t> kept(bytes);
+    for (int top = 0, bottom = surface.height() - 1; top < bottom; ++top, --bottom) {
+        std::memcpy(kept.data(), surface.line(top), bytes);
+        std::memcpy(surface.line(top), surface.line(bottom), bytes);
+        std::memcpy(surface.line(bottom), kept.data(), bytes);
+    }
+}
+
+/// Mirrors the whole surface along the axes that run backwards.
+void mirrorSurface(DeviceContext& surface, const AxisMap& columns, const AxisMap& rows) {
+    if (columns.isReversed()) {
+        for (int y = 0; y < surface.height(); ++y) reverseLine(surface.line(y), surface.width());
+    }
+    if (rows.isReversed()) reverseLineOrder(surface);
+}
+
+}  // namespace
+
+void DeviceContext::BitBlt(int x, int y, int width, int height, const DeviceContext& source, int xSource,
+                           int ySource) {
+    StretchBlt(x, y, width, height, source, xSource, ySource, width, height);
+}
+
+void DeviceContext::StretchBlt(int x, int y, int width, int height, const DeviceContext& source, int xSource,
+                               int ySource, int sourceWidth, int sourceHeight) {
+    const AxisMap columns = mapAxis({x, width, m_width}, {xSource, sourceWidth, source.m_width});
+    const AxisMap rows = mapAxis({y, height, m_height}, {ySource, sourceHeight, source.m_height});
+    if (columns.empty() || rows.empty()) return;
+    const bool same = isSameSurface(source);
+    if (!sharesMemory(source)) {
+        copyPixels(*this, source, columns, rows);
+    } else if (same && hasStep(columns, 1) && hasStep(rows, 1)) {
+        moveBlock(*this, columns, rows);
+    } else if (same && isMirrorOrIdentity(columns, m_width) && isMirrorOrIdentity(rows, m_height)) {
+        mirrorSurface(*this, columns, rows);
+    } else {
+        copyPixelsAside(*this, source, columns, rows);
+    }
+}
+
+void DeviceContext::FillRect(const Rect& rect, Color color) {
+    const int left = std::max(rect.left, 0);
+    const int top = std::max(rect.top, 0);
+    const int right = std::min(rect.right, m_width);
+    const int bottom = std::min(rect.bottom, m_height);
+    if (left >= right || top >= bottom) return;
+    const std::uint8_t pixel[kPixelBytes] = {static_cast<std::uint8_t>(color >> 16),
+                                             static_cast<std::uint8_t>(color >> 8),
+                                             static_cast<std::uint8_t>(color), 0};
+    std::uint8_t* const first = pixelAt(line(top), left);
+    for (int x = 0; x < right - left; ++x) std::memcpy(pixelAt(first, x), pixel, kPixelBytes);
+    const std::size_t bytes = static_cast<std::size_t>(right - left) * kPixelBytes;
+    for (int y = top + 1; y < bottom; ++y) std::memcpy(pixelAt(line(y), left), first, bytes);
+}
+
+void DeviceContext::FrameRect(const Rect& rect, Color color) {
+    const auto [left, top, right, bottom] = rect;
+    if (left >= right || top >= bottom) return;
+    FillRect({left, top, right, top + 1}, color);
+    FillRect({left, bottom - 1, right, bottom}, color);
+    FillRect({left, top, left + 1, bottom}, color);
+    FillRect({right - 1, top, right, bottom}, color);
+}
+
+bool DeviceContext::isSameSurface(const DeviceContext& other) const noexcept {
+    return m_bits == other.m_bits && m_width == other.m_width && m_height == other.m_height &&
+           m_order == other.m_order;
+}
+
+bool DeviceContext::sharesMemory(const DeviceContext& other) const noexcept {
+    const std::less<const std::uint8_t*> isBefore;
+    return isBefore(m_bits, other.m_bits + other.byteCount()) && isBefore(other.m_bits, m_bits + byteCount());
+}
+
+}  // namespace mobrel

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+// A drawing target over memory. Plain arithmetic; needs no display.
+#pragma once
+
+#include <cstdint>
+
+namespace mobrel {
+
+/// A platform colour value, 0x00BBGGRR: red is the low byte.
+using Color = std::uint32_t;
+
+/// Right and bottom are exclusive.
+struct Rect {
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+
+    bool operator==(const Rect&) const = default;
+};
+
+/// Which picture line stands first in memory.
+enum class RowOrder { TopDown, BottomUp };
+
+/// The platform's stretch modes.
+enum class StretchMode : int { BlackOnWhite = 1, WhiteOnBlack = 2, ColorOnColor = 3, Halftone = 4 };
+
+class DeviceContext;
+
+/// What a surface can be stretched onto: a device context, a printer's page.
+class StretchTarget {
+ public:
+    virtual ~StretchTarget() = default;
+
+    /// Fits the source rectangle to the destination rectangle. Coordinates count from the top left
+    /// of the picture. A negative size runs leftwards or upwards from its origin: destination origin
+    /// (W - 1, 0) with width -W mirrors. What falls outside the target is dropped and what has no
+    /// source pixel stays untouched; neither shifts the picture. A size of 0 draws nothing.
+    virtual void StretchBlt(int x, int y, int width, int height, const DeviceContext& source, int xSource,
+                            int ySource, int sourceWidth, int sourceHeight) = 0;
+
+    virtual StretchMode GetStretchBltMode() const = 0;
+    virtual void SetStretchBltMode(StretchMode mode) = 0;
+};
+
+/// A 32-bit pixel target: a pointer, a size, a row order. It owns nothing; the memory must outlive it.
+class DeviceContext final : public StretchTarget {
+ public:
+    /// `bits` is width x height pixels of 4 bytes (blue, green, red, unused), rows unpadded.
+    DeviceContext(std::uint8_t* bits, int width, int height, RowOrder order) noexcept
+        : m_bits(bits), m_width(width), m_height(height), m_order(order) {}
+
+    int width() const noexcept { return m_width; }
+    int height() const noexcept { return m_height; }
+
+    /// Picture line y, counted from the top, 0 to height - 1.
+    std::uint8_t* line(int y) noexcept { return m_bits + lineOffset(y); }
+    const std::uint8_t* line(int y) const noexcept { return m_bits + lineOffset(y); }
+
+    /// Copies a block of the source to (x, y), all four bytes of each pixel. Clipped at both
+    /// surfaces. A negative size runs leftwards or upwards in both. Source and target may be the
+    /// same surface, and the blocks may overlap.
+    void BitBlt(int x, int y, int width, int height, const DeviceContext& source, int xSource, int ySource);
+
+    /// Nearest neighbour: destination pixel d of w takes source pixel ((2d + 1) * s - 1) div (2w), the
+    /// one under its centre, ties to the lower index; both axes, enlarging and shrinking, whatever
+    /// the stretch mode. Source and target may share memory: the result is that of reading the source
+    /// first. A move and a mirror of the whole surface work in place; any other such call copies the
+    /// block it reads, error 7 when memory is short.
+    void StretchBlt(int x, int y, int width, int height, const DeviceContext& source, int xSource,
+                    int ySource, int sourceWidth, int sourceHeight) override;
+
+    StretchMode GetStretchBltMode() const noexcept override { return m_stretchMode; }
+    void SetStretchBltMode(StretchMode mode) noexcept override { m_stretchMode = mode; }
+
+    /// Fills the rectangle, clipped, with a colour; byte 3 of each pixel becomes 0. An empty or
+    /// inverted rectangle fills nothing.
+    void FillRect(const Rect& rect, Color color);
+
+    /// Draws the outline of the rectangle, one pixel thick and inside it. An empty or inverted
+    /// rectangle draws nothing.
+    void FrameRect(const Rect& rect, Color color);
+
+ private:
+    std::int64_t byteCount() const noexcept { return std::int64_t{m_width} * m_height * 4; }
+    bool isSameSurface(const DeviceContext& other) const noexcept;
+    bool sharesMemory(const DeviceContext& other) const noexcept;
+
+    std::int64_t lineOffset(int y) const noexcept {
+        return std::int64_t{m_order == RowOrder::TopDown ? y : m_height - 1 - y} * m_width * 4;
+    }
+
+    std::uint8_t* m_bits;
+    int m_width;
+    int m_height;
+    RowOrder m_order;
+    StretchMode m_stretchMode = StretchMode::BlackOnWhite;
+};
+
+}  // namespace mobrel

@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: MIT
+#include "platform/ProfileFile.hpp"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cerrno>
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <system_error>
+
+#include "platform/AsciiText.hpp"
+#include "platform/Files.hpp"
+#include "platform/ProfileText.hpp"
+#include "platform/RuntimeError.hpp"
+
+namespace mobrel {
+
+namespace {
+
+// Files of settings are small; one beyond all use is not taken into memory.
+constexpr off_t kLargestFile = 64 * 1024 * 1024;
+constexpr int kLongestLinkChain = 40;
+constexpr int kMostNameTries = 1000;
+
+enum class FileState { Absent, Unusable, Present };
+
+struct Contents {
+    FileState state = FileState::Unusable;
+    std::string bytes;
+    mode_t mode = 0;
+};
+
+// What is no regular file is of no use.
+Contents readProfile(const std::string& path) {
+    Contents contents;
+    // A pipe of that name must not hold up the opening.
+    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!file.isOpen()) {
+        if (errno == ENOENT) contents.state = FileState::Absent;
+        return contents;
+    }
+    struct stat status = {};
+    if (::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode) || status.st_size > kLargestFile) {
+        return contents;
+    }
+    contents.mode = status.st_mode & 0777;
+    contents.bytes.resize(static_cast<std::size_t>(status.st_size));
+    const bool complete = skipErrors([&] {
+        auto* const bytes = reinterpret_cast<std::uint8_t*>(contents.bytes.data());
+        contents.bytes.resize(FileSource::borrowed(file.get()).read({bytes, contents.bytes.size()}));
+    });
+    if (complete) contents.state = FileState::Present;
+    return contents;
+}
+
+// The file a path leads to by its symbolic links, whether it is there or not.
+std::optional<std::string> withoutLinks(const std::string& path) {
+    std::filesystem::path file(path);
+    for (int links = 0; links < kLongestLinkChain; ++links) {
+        std::error_code error;
+        const std::filesystem::path target = std::filesystem::read_symlink(file, error);
+        if (error) return file.string();  // no link
+        file = file.parent_path() / target;
+    }
+    return std::nullopt;
+}
+
+// A new file beside another, under a name of its own. Deleted at the end of its life, unless it has
+// taken the other's place.
+class AsideFile {
+ public:
+    AsideFile(const std::string& target, mode_t mode) : m_target(target) {
+        static std::atomic<unsigned> counter = static_cast<unsigned>(::getpid()) * 64;
+        for (int tries = 0; tries < kMostNameTries && !m_file.isOpen(); ++tries) {
+            char suffix[8];
+            std::snprintf(suffix, sizeof suffix, ".%06x", counter++ & 0xFFFFFFu);
+            m_name = target + suffix;
+            m_file.reset(::open(m_name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
+            if (!m_file.isOpen() && errno != EEXIST) return;
+        }
+        m_exists = m_file.isOpen();
+    }
+    AsideFile(const AsideFile&) = delete;
+    AsideFile& operator=(const AsideFile&) = delete;
+    ~AsideFile() {
+        if (m_exists) deleteFileIfPossible(m_name);
+    }
+
+    bool setMode(mode_t mode) noexcept { return m_exists && ::fchmod(m_file.get(), mode) == 0; }
+
+    bool write(std::string_view bytes) {
+        return m_exists && skipErrors([&] {
+                   FileWriter writer(std::move(m_file));
+                   writer.write({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
+                   writer.close();
+               });
+    }
+
+    // The rename is what a reader sees, so it sees the old or the new file, whole, even when this
+    // process ends at any point. There is no fsync: it would protect from a loss of power only, and
+    // slow down each of the many short writes of a program that starts another.
+    bool takePlace() noexcept {
+        if (!m_exists || ::rename(m_name.c_str(), m_target.c_str()) != 0) return false;
+        m_exists = false;
+        return true;
+    }
+
+ private:
+    std::string m_target;
+    std::string m_name;
+    FileDescriptor m_file;
+    bool m_exists = false;
+};
+
+bool createProfile(const std::string& path, std::string_view bytes) {
+    AsideFile aside(path, 0666);
+    return aside.write(bytes) && aside.takePlace();
+}
+
+bool replaceProfile(const std::string& path, std::string_view bytes, mode_t mode) {
+    // A rename needs no right to write to the file it replaces, but a protected file stays as it is.
+    if (::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0) return false;
+    AsideFile aside(path, 0600);
+    return aside.setMode(mode) && aside.write(bytes) && aside.takePlace();
+}
+
+// A system call sees a name only up to its first zero byte, which would be another file.
+bool isFileName(const std::string& path) noexcept {
+    return !path.empty() && path.find('\0') == std::string::npos;
+}
+
+}  // namespace
+
+std::string GetPrivateProfileString(std::string_view section, std::string_view key,
+                                    std::string_view defaultValue, std::size_t size,
+                                    const std::string& path) {
+    if (size == 0) return {};
+    std::optional<std::string> value;
+    if (isFileName(path)) {
+        const Contents contents = readProfile(path);
+        if (contents.state == FileState::Present) value = profileValue(contents.bytes, section, key);
+    }
+    if (!value) value = withoutOuterQuotes(withoutTrailingBlanks(defaultValue));
+    if (value->size() > size - 1) value->resize(size - 1);
+    return *std::move(value);
+}
+
+bool WritePrivateProfileString(std::string_view section, std::string_view key, std::string_view value,
+                               const std::string& path) {
+    const auto target = isFileName(path) ? withoutLinks(path) : std::nullopt;
+    if (!target) return false;
+    const Contents old = readProfile(*target);
+    if (old.state == FileState::Unusable) return false;
+    const auto bytes = profileWithValue(old.bytes, section, key, value);
+    if (!bytes) return false;
+    if (*bytes == old.bytes) return true;
+    if (old.state == FileState::Absent) return createProfile(*target, *bytes);
+    return replaceProfile(*target, *bytes, old.mode);
+}
+
+}  // namespace mobrel

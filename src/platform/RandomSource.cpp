@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: MIT
+#include "platform/RandomSource.hpp"
+
+namespace mobrel {
+
+RandomSource& processRandomSource() {
+    static RandomSource source;
+    return source;
+}
+
+}  // namespace mobrel
