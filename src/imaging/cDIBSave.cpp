@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: MIT
+#include "imaging/cDIBSave.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <span>
+#include <vector>
+
+#include "platform/RuntimeError.hpp"
+
+namespace mobrel {
+
+namespace {
+
+constexpr int kFileHeaderSize = 14;
+constexpr int kInfoHeaderSize = 40;
+
+/// Appends little-endian integers to the headers of a file.
+class HeaderBytes {
+ public:
+    void put16(std::uint32_t value) {
+        m_bytes.push_back(static_cast<std::uint8_t>(value));
+        m_bytes.push_back(static_cast<std::uint8_t>(value >> 8));
+    }
+    void put32(std::uint32_t value) {
+        put16(value & 0xFFFF);
+        put16(value >> 16);
+    }
+    void putEntry(std::uint8_t blue, std::uint8_t green, std::uint8_t red) {
+        m_bytes.insert(m_bytes.end(), {blue, green, red, 0});
+    }
+    std::span<const std::uint8_t> bytes() const { return m_bytes; }
+
+ private:
+    std::vector<std::uint8_t> m_bytes;
+};
+
+std::vector<std::uint8_t> packedHeaders(const cDIB& DIB, const cDIBPal& Pal, std::uint8_t bpp) {
+    const std::uint32_t entries = bpp < 9 ? 1U << bpp : 0;
+    const std::uint32_t tableSize = entries * 4;
+    const auto rowBytes = static_cast<std::uint32_t>(packedStride(DIB.Width(), bpp) * DIB.Height());
+
+    HeaderBytes headers;
+    headers.put16(0x4D42);  // BM
+    // kept: the size leaves the file header out of its sum; hosts know the value
+    headers.put32(kInfoHeaderSize + tableSize + rowBytes);
+    headers.put16(0);
+    headers.put16(0);
+    headers.put32(kFileHeaderSize + kInfoHeaderSize + tableSize);
+
+    headers.put32(kInfoHeaderSize);
+    headers.put32(static_cast<std::uint32_t>(DIB.Width()));
+    headers.put32(static_cast<std::uint32_t>(DIB.Height()));
+    headers.put16(1);  // planes
+    headers.put16(bpp);
+    for (int field = 0; field < 6; ++field) headers.put32(0);  // compression to important colours
+
+    for (std::uint32_t i = 0; i < entries; ++i) {
+        const auto entry = static_cast<std::uint8_t>(i);
+        headers.putEntry(Pal.rgbB(entry), Pal.rgbG(entry), Pal.rgbR(entry));
+    }
+    const auto bytes = headers.bytes();
+    return {bytes.begin(), bytes.end()};
+}
+
+/// Drops byte 3 of every pixel. Four pixels at a time, as three words.
+void packRow24(const std::uint8_t* from, int width, std::uint8_t* to) {
+    int x = 0;
+    for (; x + 4 <= width; x += 4, from += 16, to += 12) {
+        std::array<std::uint32_t, 4> p{};
+        std::memcpy(p.data(), from, 16);
+        for (auto& pixel : p) pixel &= 0xFFFFFF;
+        const std::array<std::uint32_t, 3> words = {p[0] | p[1] << 24, p[1] >> 8 | p[2] << 16,
+                                                    p[2] >> 16 | p[3] << 8};
+        std::memcpy(to, words.data(), 12);
+    }
+    for (; x < width; ++x, from += 4, to += 3) std::memcpy(to, from, 3);
+}
+
+void writeTrueColorRows(FileWriter& file, const cDIB& DIB) {
+    constexpr std::size_t kChunk = 128 * 1024;
+    const auto stride = static_cast<std::size_t>(packedStride(DIB.Width(), 24));
+    const std::size_t rowsAtOnce = std::max<std::size_t>(1, kChunk / stride);
+    std::vector<std::uint8_t> rows(rowsAtOnce * stride);  // the padding stays zero
+
+    std::size_t filled = 0;
+    for (int y = 0; y < DIB.Height(); ++y) {
+        packRow24(DIB.hDIB()->row(y), DIB.Width(), rows.data() + filled * stride);
+        if (++filled == rowsAtOnce || y == DIB.Height() - 1) {
+            file.write(std::span(rows).first(filled * stride));
+            filled = 0;
+        }
+    }
+}
+
+void writeZeroRows(FileWriter& file, const cDIB& DIB, std::uint8_t bpp) {
+    const std::vector<std::uint8_t> row(static_cast<std::size_t>(packedStride(DIB.Width(), bpp)));
+    for (int y = 0; y < DIB.Height(); ++y) file.write(row);
+}
+
+/// What the writer needs is checked before the old file is touched.
+std::span<const std::uint8_t> indexRows(const cDIBDither* Dither) {
+    if (Dither == nullptr) throw RuntimeError(ErrorNumber::ObjectNotSet);
+    return Dither->PalID();
+}
+
+void writePicture(FileWriter& file, const cDIB& DIB, const cDIBDither* Dither, std::uint8_t bpp) {
+    switch (bpp) {
+        case 1:
+        case 4:
+        case 8:
+            file.write(indexRows(Dither));
+            break;
+        case 24:
+            writeTrueColorRows(file, DIB);
+            break;
+        default:
+            writeZeroRows(file, DIB, bpp);
+            break;
+    }
+}
+
+template <typename Open>
+void save(Open open, const std::string& sFilename, const cDIB& DIB, const cDIBPal& Pal,
+          const cDIBDither* Dither, std::uint8_t bpp) {
+    if (DIB.hDIB() == nullptr) return;
+    const auto headers = packedHeaders(DIB, Pal, bpp);
+    if (bpp == 1 || bpp == 4 || bpp == 8) indexRows(Dither);
+    FileWriter file = open(sFilename);
+    file.write(headers);
+    writePicture(file, DIB, Dither, bpp);
+    file.close();
+}
+
+}  // namespace
+
+void cDIBSave::Save_BMP(const std::string& sFilename, const cDIB& DIB, const cDIBPal& Pal,
+                        const cDIBDither* Dither, std::uint8_t bpp) const {
+    save(FileWriter::replace, sFilename, DIB, Pal, Dither, bpp);
+}
+
+void cDIBSave::Save_Private_BMP(const std::string& sFilename, const cDIB& DIB, const cDIBPal& Pal,
+                                const cDIBDither* Dither, std::uint8_t bpp) const {
+    save(FileWriter::replacePrivate, sFilename, DIB, Pal, Dither, bpp);
+}
+
+}  // namespace mobrel
