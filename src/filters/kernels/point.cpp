@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "filters/kernels/point.hpp"
+
+#include <cstring>
+
+#include "platform/Numbers.hpp"
+
+namespace mobrel::kernels {
+
+namespace {
+
+/// weight x value for every byte value.
+struct WeightTable {
+    explicit WeightTable(double weight) {
+        for (int i = 0; i < 256; ++i) products[static_cast<std::size_t>(i)] = weight * i;
+    }
+    double operator[](std::uint8_t value) const { return products[value]; }
+
+    std::array<double, 256> products{};
+};
+
+/// Channels of one pixel on their way back into the range of a byte.
+struct Channels {
+    std::int32_t b;
+    std::int32_t g;
+    std::int32_t r;
+};
+
+bool isByte(std::int32_t value) {
+    return static_cast<std::uint32_t>(value) <= 255;
+}
+
+/// Brings `clipped` into range and moves half of its excess to each of the others.
+void resolveChannel(std::int32_t& clipped, std::int32_t& second, std::int32_t& third) {
+    if (isByte(clipped)) return;
+    const std::int32_t limit = clipped < 0 ? 0 : 255;
+    const std::int32_t half = div(wrapSub(clipped, limit), 2);
+    second = wrapAdd(second, half);
+    third = wrapAdd(third, half);
+    clipped = limit;
+}
+
+/// kept: blue, green, red in this order on running values, and halves that truncate toward zero.
+void resolveClipping(Channels& c) {
+    while (!(isByte(c.b) && isByte(c.g) && isByte(c.r))) {
+        if (c.b <= 0 && c.g <= 0 && c.r <= 0) c = {0, 0, 0};
+        if (c.b >= 255 && c.g >= 255 && c.r >= 255) c = {255, 255, 255};
+        resolveChannel(c.b, c.g, c.r);
+        resolveChannel(c.g, c.b, c.r);
+        resolveChannel(c.r, c.g, c.b);
+    }
+}
+
+}  // namespace
+
+void greysRow(std::uint8_t* row, int width) {
+    static const WeightTable kGreen(0.707);
+    static const WeightTable kBlue(0.071);
+    static const WeightTable kRed(0.222);
+    for (int x = 0; x < width; ++x, row += 4) {
+        const std::uint8_t grey = toByte(roundInt(kGreen[row[1]] + kBlue[row[0]] + kRed[row[2]]));
+        row[0] = row[1] = row[2] = grey;
+    }
+}
+
+void negativeRow(std::uint8_t* row, int width) {
+    for (int x = 0; x < width; ++x, row += 4) {
+        std::uint32_t pixel = 0;
+        std::memcpy(&pixel, row, 4);
+        pixel ^= 0x00FFFFFF;
+        std::memcpy(row, &pixel, 4);
+    }
+}
+
+void tableRow(std::uint8_t* row, int width, const ByteTable& blue, const ByteTable& green,
+              const ByteTable& red) {
+    for (int x = 0; x < width; ++x, row += 4) {
+        row[0] = blue[row[0]];
+        row[1] = green[row[1]];
+        row[2] = red[row[2]];
+    }
+}
+
+void saturationRow(std::uint8_t* row, int width, float f) {
+    const double strength = f;
+    for (int x = 0; x < width; ++x, row += 4) {
+        const int grey = (row[2] + row[1] + row[0]) / 3;
+        for (int channel = 0; channel < 3; ++channel) {
+            const int c = row[channel];
+            row[channel] = clampByte(roundInt(strength * (c - grey) + c));
+        }
+    }
+}
+
+std::int32_t plainGreySum(const std::uint8_t* row, int width) {
+    std::uint32_t sum = 0;
+    for (int x = 0; x < width; ++x, row += 4)
+        sum += static_cast<std::uint32_t>((row[2] + row[1] + row[0]) / 3);
+    return static_cast<std::int32_t>(sum);
+}
+
+void contrastRow(std::uint8_t* row, int width, const IntTable& table) {
+    for (int x = 0; x < width; ++x, row += 4) {
+        Channels c{table[row[0]], table[row[1]], table[row[2]]};
+        resolveClipping(c);
+        row[0] = static_cast<std::uint8_t>(c.b);
+        row[1] = static_cast<std::uint8_t>(c.g);
+        row[2] = static_cast<std::uint8_t>(c.r);
+    }
+}
+
+}  // namespace mobrel::kernels
