@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+// The picture stage of a host program: no arguments, one task, end.
+#include "platform/Process.hpp"
+#include "platform/RuntimeError.hpp"
+#include "shell/fMain.hpp"
+
+int main() {
+    using namespace mobrel;
+    fMain& window = fMain::Global();
+    if (const auto text = fatalErrorOf([&] { window.Load(); })) {
+        consoleDesktop().windows->message(*text, MessageIcon::Critical, MessageButtons::Ok);
+        deleteTerminationFiles();
+        return 1;
+    }
+    return window.exitStatus();
+}

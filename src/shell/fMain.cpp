@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+// The main window's life: start-up, end, and the events of its objects.
+#include "shell/fMain.hpp"
+
+#include <vector>
+
+#include "platform/Files.hpp"
+#include "platform/Process.hpp"
+
+namespace mobrel {
+
+namespace {
+
+// The size that the window is designed in; a hidden window tells it as its own.
+constexpr WindowPlace kDesignedPlace = {.Width = 15360, .Height = 11520, .Top = 0, .Left = 0};
+
+Desktop& globalDesktop() {
+    static Desktop desktop = consoleDesktop();
+    return desktop;
+}
+
+/// Every main window there was; the last one is the present one unless it was unloaded.
+std::vector<std::unique_ptr<fMain>>& mainWindows() {
+    static std::vector<std::unique_ptr<fMain>> windows;
+    return windows;
+}
+
+bool g_referenced = false;
+
+/// The folder of the undo files. The platform of the texts always sets tmp and temp; TMPDIR and then
+/// /tmp answer where neither stands in the environment.
+std::string temporaryFolder() {
+    const auto tmp = environmentValue("tmp");
+    const auto temp = environmentValue("temp");
+    if (tmp && !tmp->empty()) return *tmp;
+    if (temp) return *temp;
+    if (tmp) return {};
+    const auto folder = environmentValue("TMPDIR");
+    return folder && !folder->empty() ? *folder : "/tmp";
+}
+
+}  // namespace
+
+fMain& fMain::Global() {
+    auto& windows = mainWindows();
+    if (!g_referenced) {
+        windows.push_back(std::make_unique<fMain>(globalDesktop()));
+        g_referenced = true;
+    }
+    return *windows.back();
+}
+
+void fMain::setGlobalDesktop(Desktop desktop) {
+    globalDesktop() = desktop;
+}
+
+fMain::fMain(Desktop desktop) : m_desktop(desktop) {
+    connectCanvas();
+}
+
+/// kept: Open runs before the handle, the folder and the dither object exist. The first snapshot
+/// therefore goes to /b0000.dat, and a palette picture ends the program with error 91.
+void fMain::Load() {
+    m_loaded = true;
+    mnuFiles(0);
+    sbPressure.setValue(50);
+    sbSize.setValue(25);
+    makeFilter();
+    makeDither();
+    m_undoHandle = uniqueProcessHandle();
+    m_tempPath = temporaryFolder();
+    watchUndoFiles();
+    Info.setTextZoom("100%");
+    pvHostStart();
+    m_desktop.windows->setHourglass(false);
+}
+
+void fMain::Unload() {
+    if (!m_loaded) return;
+    m_loaded = false;
+    m_desktop.windows->setHourglass(true);
+    SaveMainSettings({.place = kDesignedPlace,
+                      .windowState = WindowState::Normal,
+                      .LastPath = LastPath,
+                      .DialogPreview = DialogPreview,
+                      .DialogFitMode = DialogFitMode,
+                      .DialogJPEGquality = DialogJPEGquality});
+    pvClearUndoFiles();
+    DIBFilter.reset();
+    DIBDither.reset();
+    DIBPal.Clear();
+    if (!mainWindows().empty() && mainWindows().back().get() == this) g_referenced = false;
+    m_desktop.windows->setHourglass(false);
+}
+
+void fMain::connectCanvas() {
+    Canvas.DIBProgress.connect([this](std::int32_t value) { Progress.setValue(value); });
+    Canvas.DIBProgressEnd.connect([this] {
+        Progress.setValue(0);
+        BPP = 24;
+        refreshInfo();
+        pvSaveUndoDIB();
+    });
+}
+
+void fMain::makeFilter() {
+    DIBFilter = std::make_unique<cDIBFilter>();
+    DIBFilter->Progress.connect([this](std::int32_t line) { Progress.setValue(line); });
+    DIBFilter->ProgressEnd.connect([this] { DIBFilter_ProgressEnd(); });
+}
+
+void fMain::makeDither() {
+    DIBDither = std::make_unique<cDIBDither>();
+    DIBDither->Progress.connect([this](std::int32_t line) { Progress.setValue(line); });
+    DIBDither->ProgressEnd.connect([this] { endPixelWork(); });
+}
+
+void fMain::DIBFilter_ProgressEnd() {
+    endPixelWork();
+}
+
+void fMain::endPixelWork() {
+    Progress.setValue(0);
+    pvSaveUndoDIB();
+}
+
+}  // namespace mobrel

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+// The commands of the main window, by their place in a menu.
+#include "platform/RuntimeError.hpp"
+#include "shell/fMain.hpp"
+
+namespace mobrel {
+
+void fMain::mnuFiles(int Index) {
+    switch (Index) {
+        case 0:
+            pvOpen();
+            break;
+        case 1:
+            pvSave();
+            break;
+        case 2:
+            m_desktop.windows->showDialog("fDialogEx", 0);
+            break;
+        case 6:
+            Unload();
+            break;
+        default:
+            break;
+    }
+}
+
+void fMain::mnuColorFilters(int Index) {
+    switch (Index) {
+        case 0:
+            filter().Greys(Canvas.DIB);
+            break;
+        case 1:
+            filter().Negative(Canvas.DIB);
+            break;
+        case 2:
+            filter().Colorize(Canvas.DIB, 0.5F, 0.25F, 1.0F);
+            break;
+        default:
+            break;
+    }
+}
+
+void fMain::mnuDefinitions(int Index) {
+    switch (Index) {
+        case 7:
+            filter().Despeckle(Canvas.DIB);
+            break;
+        default:
+            break;
+    }
+}
+
+/// Error 91 before Load has made it and after Unload.
+cDIBFilter& fMain::filter() const {
+    if (!DIBFilter) throw RuntimeError(ErrorNumber::ObjectNotSet);
+    return *DIBFilter;
+}
+
+}  // namespace mobrel

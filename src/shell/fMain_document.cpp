@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+// The document's life: Open, Save, and what makes a picture the document.
+#include <utility>
+
+#include "platform/AsciiText.hpp"
+#include "platform/Files.hpp"
+#include "platform/PictureLoader.hpp"
+#include "platform/Process.hpp"
+#include "shell/fMain.hpp"
+#include "shell/mMisc.hpp"
+
+namespace mobrel {
+
+namespace {
+
+constexpr const char* kUnnamed = "[Unnamed]";
+
+/// The path with its last three characters replaced by "bmp". Error 5 for a shorter one.
+std::string pvBmpName(const std::string& path) {
+    if (path.size() < 3) throw RuntimeError(ErrorNumber::InvalidCall);
+    return path.substr(0, path.size() - 3) + "bmp";
+}
+
+}  // namespace
+
+void fMain::pvOpen() {
+    const std::string file = joinPath(AppFolder(), "temp.bmp");
+    LastPath = file;
+    m_desktop.pendingEvents->run();
+    m_desktop.windows->setHourglass(true);
+    auto picture = pvLoadPictureFile(file);
+    const bool loaded = picture != nullptr;
+    pvSetPicture(std::move(picture));
+    m_desktop.windows->setHourglass(false);
+    if (!loaded) return;
+    pvClearUndoFiles();
+    pvSaveUndoDIB();
+    LastFilename = file;
+    pvRefreshFileCaption();
+}
+
+void fMain::pvSave() {
+    const std::string file = pvBmpName(LastFilename);
+    if (LastFilename == kUnnamed || (!equalIgnoringCase(LastFilename, file) && fileExists(file))) {
+        mnuFiles(2);
+        return;
+    }
+    m_desktop.pendingEvents->run();
+    {
+        // Between the delete of the old file and the end of the new one lies the host's only copy.
+        const HoldTermination hold;
+        DIBSave.Save_BMP(file, Canvas.DIB, DIBPal, DIBDither.get(), BPP);
+    }
+    Saved = true;
+    LastFilename = file;
+    pvRefreshFileCaption();
+}
+
+/// Null, after a message, when no picture came back.
+std::unique_ptr<StdPicture> fMain::pvLoadPictureFile(const std::string& path) {
+    std::unique_ptr<StdPicture> picture;
+    skipErrors([&] { picture = loadPicture(path); });
+    if (!picture) {
+        m_desktop.windows->message("Unexpected error loading image", MessageIcon::Exclamation,
+                                   MessageButtons::Ok);
+    }
+    return picture;
+}
+
+void fMain::pvSetPicture(std::unique_ptr<StdPicture> picture) {
+    if (!picture) return;
+    DIBPal.Clear();
+    BPP = static_cast<std::uint8_t>(
+        Canvas.DIB.CreateFromStdPicture(std::move(picture), DIBPal, DIBDither.get()));
+    Progress.setMax(Canvas.DIB.Height());
+    refreshInfo();
+    Info.setTextZoom(std::to_string(Canvas.Zoom()) + "00%");
+}
+
+void fMain::pvRefreshFileCaption() {
+    Info.setTextFile(LastFilename);
+}
+
+void fMain::refreshInfo() {
+    Info.setTextInfo(std::to_string(Canvas.DIB.Width()) + "x" + std::to_string(Canvas.DIB.Height()) + "x" +
+                     std::to_string(BPP) + "bpp");
+}
+
+}  // namespace mobrel

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// Single values of the two text files in the program's folder.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace mobrel {
+
+/// Writes one value of a file in the program's folder. A file that cannot be written loses the value.
+void INIWrite(std::string_view file, std::string_view section, std::string_view key, std::string_view value);
+
+/// Reads one value of a file in the program's folder, at most 259 bytes of it, without blanks at its
+/// ends; the default when it is not there.
+std::string INIRead(std::string_view file, std::string_view section, std::string_view key,
+                    std::string_view defaultValue);
+
+/// Reads one value of the hand-off file config.ini, at most 254 bytes of it and up to its first NUL;
+/// "ERROR" when it is not there.
+std::string ConfigRead(std::string_view section, std::string_view key);
+
+}  // namespace mobrel

@@ -1,0 +1,367 @@
+// SPDX-License-Identifier: MIT
+// The whole life of a document, without a window.
+#include "shell/fMain.hpp"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <map>
+#include <set>
+
+#include "imaging/cDIBSave.hpp"
+#include "platform/Files.hpp"
+#include "platform/PictureLoader.hpp"
+#include "platform/ProfileFile.hpp"
+#include "support/TemporaryFolder.hpp"
+
+namespace mobrel {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A desktop that notes what it is asked for, and lets a test act inside a dialog.
+class TestWindows final : public Windows {
+ public:
+    MessageAnswer message(std::string_view text, MessageIcon, MessageButtons) override {
+        messages.emplace_back(text);
+        return MessageAnswer::Ok;
+    }
+    bool showDialog(std::string_view name, int id) override {
+        dialogs.emplace_back(name, id);
+        if (insideDialog) insideDialog();
+        return true;
+    }
+    void setHourglass(bool on) override { hourglass = on; }
+
+    std::vector<std::string> messages;
+    std::vector<std::pair<std::string, int>> dialogs;
+    std::function<void()> insideDialog;
+    bool hourglass = false;
+};
+
+class TestEvents final : public PendingEvents {
+ public:
+    void run() override { ++runs; }
+    int runs = 0;
+};
+
+/// The first snapshot of a run lies in the root folder; the test takes it away again.
+class StrayFirstSnapshot {
+ public:
+    ~StrayFirstSnapshot() {
+        if (!m_wasThere) deleteFileIfPossible("/b0000.dat");
+    }
+
+ private:
+    bool m_wasThere = fileExists("/b0000.dat");
+};
+
+std::string contentsOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+class FMain : public testing::Test {
+ protected:
+    void SetUp() override {
+        setenv("MOBREL_FOLDER", folder.path().c_str(), 1);
+        setenv("tmp", temporary.path().c_str(), 1);
+        writePicture("temp.bmp", 24);
+    }
+    void TearDown() override {
+        unsetenv("MOBREL_FOLDER");
+        unsetenv("tmp");
+    }
+
+    /// A picture of 5 x 4 pixels with all bytes different.
+    void writePicture(const std::string& name, std::uint8_t bpp) {
+        cDIB dib;
+        ASSERT_TRUE(dib.Create(5, 4, 0));
+        for (int i = 0; i < 80; ++i) {
+            if (i % 4 != 3) dib.DIBitsPtr()[i] = static_cast<std::uint8_t>(i * 3);
+        }
+        cDIBPal palette;
+        cDIBDither dither;
+        palette.InitializePalette(256);
+        dither.InitializePalID(5, 4, 8);
+        cDIBSave().Save_BMP(fileInFolder(name), dib, palette, &dither, bpp);
+    }
+
+    std::string fileInFolder(const std::string& name) const { return folder.path() + "/" + name; }
+
+    void askFor(const std::string& filter) {
+        WritePrivateProfileString("ZV-HARBORLY", "Filter", filter, fileInFolder("config.ini"));
+    }
+    std::string winState() const {
+        return GetPrivateProfileString("ZV-HARBORLY", "WinState", "none", 9, fileInFolder("config.ini"));
+    }
+    std::string setting(const std::string& section, const std::string& key) const {
+        return GetPrivateProfileString(section, key, "none", 500, fileInFolder("Mobrel.ini"));
+    }
+
+    /// Loads a main window whose task is a dialog, and acts while the dialog is open.
+    void insideDialog(const std::function<void()>& act) {
+        askFor("5");
+        windows.insideDialog = act;
+        main.Load();
+    }
+
+    std::set<std::string> temporaryFiles() const {
+        std::set<std::string> names;
+        for (const auto& entry : fs::directory_iterator(temporary.path()))
+            names.insert(entry.path().filename());
+        return names;
+    }
+
+    StrayFirstSnapshot stray;
+    test::TemporaryFolder folder;
+    test::TemporaryFolder temporary;
+    TestWindows windows;
+    TestEvents events;
+    fMain main{Desktop{&windows, &events}};
+};
+
+TEST_F(FMain, ANumberWithoutATaskWritesThePictureBackAndEnds) {
+    const std::string picture = contentsOf(fileInFolder("temp.bmp"));
+    askFor("3");
+    main.Load();
+    EXPECT_EQ(contentsOf(fileInFolder("temp.bmp")), picture);
+    EXPECT_EQ(winState(), "1");
+    EXPECT_EQ(main.exitStatus(), 0);
+    EXPECT_EQ(main.DIBFilter, nullptr);
+    EXPECT_EQ(main.Info.TextInfo(), "5x4x24bpp");
+    EXPECT_EQ(main.Info.TextZoom(), "100%");
+    EXPECT_EQ(main.sbPressure.Value(), 50);
+    EXPECT_EQ(main.sbSize.Value(), 25);
+    EXPECT_EQ(events.runs, 2);
+    EXPECT_FALSE(windows.hourglass);
+    EXPECT_TRUE(windows.messages.empty());
+    EXPECT_TRUE(temporaryFiles().empty());
+}
+
+TEST_F(FMain, UnloadWritesTheSettingsOfTheDesignedWindow) {
+    askFor("3");
+    main.Load();
+    EXPECT_EQ(setting("Forms", "MainWidth"), "15360");
+    EXPECT_EQ(setting("Forms", "MainLeft"), "0");
+    EXPECT_EQ(setting("Forms", "MainWindowState"), "0");
+    EXPECT_EQ(setting("Folders", "MainLastPath"), fileInFolder("temp.bmp"));
+    EXPECT_EQ(setting("Options", "MainDialogPreview"), "False");
+    EXPECT_EQ(setting("Options", "MainDialogJPEGquality"), "0");
+}
+
+TEST_F(FMain, AMaximisedWindowKeepsItsWrittenPlace) {
+    SaveMainSettings({.place = {1, 2, 3, 4}, .windowState = WindowState::Normal, .LastPath = ""});
+    SaveMainSettings({.place = {5, 6, 7, 8},
+                      .windowState = WindowState::Maximised,
+                      .LastPath = "",
+                      .DialogPreview = true});
+    EXPECT_EQ(setting("Forms", "MainWidth"), "1");
+    EXPECT_EQ(setting("Forms", "MainWindowState"), "2");
+    EXPECT_EQ(setting("Options", "MainDialogPreview"), "True");
+}
+
+TEST_F(FMain, EveryDialogNumberOpensItsFilter) {
+    const std::map<std::string, int> ids = {
+        {"5", 10},  {"6", 4},   {"7", 11}, {"16", 23},  {"17", 3},     {"18", 1},    {"19", 25},
+        {"20", 10}, {"21", 11}, {"22", 5}, {"23", 20},  {"24", 8},     {"25", 16},   {"26", 14},
+        {"27", 13}, {"29", 2},  {"", 10},  {"abc", 10}, {"1e999", 10}, {"1.8e1", 1},
+    };
+    for (const auto& [number, id] : ids) {
+        TestWindows own;
+        askFor(number);
+        fMain window({&own, &events});
+        window.Load();
+        ASSERT_EQ(own.dialogs.size(), 1U) << number;
+        EXPECT_EQ(own.dialogs[0], std::pair(std::string("fFilter"), id)) << number;
+        EXPECT_EQ(winState(), "none");
+        window.Unload();
+    }
+}
+
+TEST_F(FMain, AMissingPictureIsToldAndTheTaskGoesOn) {
+    deleteFileIfPossible(fileInFolder("temp.bmp"));
+    askFor("28");
+    main.Load();
+    EXPECT_EQ(windows.messages, std::vector<std::string>{"Unexpected error loading image"});
+    EXPECT_EQ(main.UndoPos(), 0);
+    EXPECT_EQ(winState(), "1");
+    EXPECT_FALSE(fileExists(fileInFolder("temp.bmp")));
+    EXPECT_EQ(main.exitStatus(), 0);
+}
+
+TEST_F(FMain, APalettePictureEndsTheStart) {
+    writePicture("temp.bmp", 8);
+    askFor("3");
+    EXPECT_EQ(fatalErrorOf([&] { main.Load(); }), errorText(ErrorNumber::ObjectNotSet));
+    EXPECT_EQ(winState(), "none");
+}
+
+TEST_F(FMain, APalettePictureOpenedLaterIsTaken) {
+    insideDialog([&] {
+        writePicture("temp.bmp", 8);
+        main.mnuFiles(0);
+        EXPECT_EQ(main.BPP, 8);
+        EXPECT_EQ(main.DIBPal.Count(), 256);
+        const std::string before = contentsOf(fileInFolder("temp.bmp"));
+        main.mnuFiles(1);
+        EXPECT_EQ(contentsOf(fileInFolder("temp.bmp")), before);
+        EXPECT_TRUE(main.Saved);
+    });
+}
+
+TEST_F(FMain, ABrokenPictureLeavesTheDocumentAsItWas) {
+    insideDialog([&] {
+        std::ofstream(fileInFolder("temp.bmp")) << "BM, but no picture";
+        main.mnuFiles(0);
+        EXPECT_EQ(windows.messages.size(), 1U);
+        EXPECT_EQ(main.Canvas.DIB.Width(), 5);
+        EXPECT_NE(main.Canvas.DIB.hDIB(), nullptr);
+        EXPECT_EQ(main.BPP, 24);
+    });
+}
+
+TEST_F(FMain, AFilterMovesTheBarAndStoresOneStep) {
+    insideDialog([&] {
+        main.mnuFiles(0);
+        EXPECT_EQ(main.Progress.Max(), 4);
+        std::vector<int> values;
+        main.DIBFilter->Progress.connect([&](std::int32_t) { values.push_back(main.Progress.Value()); });
+        main.mnuColorFilters(1);
+        EXPECT_EQ(values, (std::vector<int>{0, 1, 2, 3}));
+        EXPECT_EQ(main.Progress.Value(), 0);
+        EXPECT_EQ(main.UndoPos(), 2);
+        EXPECT_EQ(main.UndoTop(), 2);
+        EXPECT_FALSE(main.Saved);
+        EXPECT_EQ(temporaryFiles().size(), 2U);
+    });
+}
+
+TEST_F(FMain, TheStoreKeepsTwentyFiveStepsUnderProperNames) {
+    insideDialog([&] {
+        main.mnuFiles(0);
+        std::vector<std::string> states{contentsOf(temporary.path() + "/" + *temporaryFiles().begin())};
+        for (int change = 1; change <= 30; ++change) {
+            main.Canvas.DIB.DIBitsPtr()[0] = static_cast<std::uint8_t>(100 + change);
+            main.DIBFilter_ProgressEnd();
+            const std::string current = *temporaryFiles().rbegin();
+            states.push_back(contentsOf(temporary.path() + "/" + current));
+        }
+        EXPECT_EQ(main.UndoPos(), 25);
+        EXPECT_EQ(main.UndoTop(), 25);
+        const auto names = temporaryFiles();
+        ASSERT_EQ(names.size(), 25U);
+        const std::string prefix = names.begin()->substr(0, 11);
+        std::size_t state = states.size() - 25;
+        for (int number = 0; number < 25; ++number, ++state) {
+            const std::string name = prefix + (number < 10 ? "00" : "0") + std::to_string(number) + ".dat";
+            ASSERT_TRUE(names.contains(name)) << name;
+            EXPECT_EQ(contentsOf(temporary.path() + "/" + name), states[state]) << name;
+        }
+    });
+    main.Unload();
+    EXPECT_TRUE(temporaryFiles().empty());
+}
+
+TEST_F(FMain, ClearingTakesOwnSnapshotsAlone) {
+    std::string own;
+    insideDialog([&] {
+        main.mnuFiles(0);
+        own = temporaryFiles().begin()->substr(0, 11);
+        EXPECT_EQ(own.size(), 11U);  // b and ten digits
+    });
+    const std::set<std::string> others = {own + "0000.dat", own + "00.dat", own + "000.bak",
+                                          "b1234567890000.dat"};
+    for (const auto& name : others) std::ofstream(temporary.path() + "/" + name) << "kept";
+    main.Unload();
+    EXPECT_EQ(temporaryFiles(), others);
+}
+
+TEST_F(FMain, SnapshotsArePrivate) {
+    insideDialog([&] {
+        main.mnuFiles(0);
+        struct stat status {};
+        ASSERT_EQ(stat((temporary.path() + "/" + *temporaryFiles().begin()).c_str(), &status), 0);
+        EXPECT_EQ(status.st_mode & 0777, 0600U);
+    });
+}
+
+TEST_F(FMain, AStoreThatCannotBeWrittenChangesNoCounter) {
+    setenv("tmp", (temporary.path() + "/none").c_str(), 1);
+    insideDialog([&] {
+        const auto before = main.UndoPos();
+        main.mnuColorFilters(1);
+        EXPECT_EQ(main.UndoPos(), before);
+        EXPECT_EQ(main.UndoTop(), before);
+    });
+    EXPECT_TRUE(windows.messages.empty());
+}
+
+// The first snapshot is stored before the folder and the handle are known.
+TEST_F(FMain, TheFirstSnapshotGoesToTheRootFolder) {
+    const bool writable = access("/", W_OK) == 0;
+    const std::string picture = contentsOf(fileInFolder("temp.bmp"));
+    insideDialog([&] {
+        EXPECT_EQ(main.UndoPos(), writable ? 1 : 0);
+        if (writable) {
+            EXPECT_EQ(contentsOf("/b0000.dat"), picture);
+        }
+        EXPECT_TRUE(temporaryFiles().empty());
+    });
+}
+
+TEST_F(FMain, SaveChoosesTheBmpNameOrAsks) {
+    insideDialog([&] {
+        const auto save = [&](const std::string& name) {
+            windows.dialogs.clear();
+            windows.insideDialog = nullptr;
+            main.LastFilename = name;
+            main.mnuFiles(1);
+            return windows.dialogs.empty() ? main.LastFilename : windows.dialogs[0].first;
+        };
+        EXPECT_EQ(save(fileInFolder("a.jpg")), fileInFolder("a.bmp"));
+        EXPECT_TRUE(fileExists(fileInFolder("a.bmp")));
+        EXPECT_EQ(save(fileInFolder("a.jpg")), "fDialogEx");  // a.bmp is somebody's
+        EXPECT_EQ(save(fileInFolder("b.BMP")), fileInFolder("b.bmp"));
+        EXPECT_EQ(save("[Unnamed]"), "fDialogEx");
+        for (const char* tooShort : {"", "ab"}) {
+            EXPECT_EQ(fatalErrorOf([&] { save(tooShort); }), errorText(ErrorNumber::InvalidCall));
+        }
+        EXPECT_EQ(fatalErrorOf([&] { save(fileInFolder("none/a.bmp")); }),
+                  errorText(ErrorNumber::PathNotFound));
+    });
+}
+
+TEST_F(FMain, UnknownCommandsDoNothing) {
+    insideDialog([&] {
+        const auto before = main.UndoPos();
+        for (const int index : {-1, 3, 99}) {
+            main.mnuFiles(index);
+            main.mnuColorFilters(index);
+            main.mnuDefinitions(index);
+        }
+        EXPECT_EQ(main.UndoPos(), before);
+    });
+}
+
+TEST_F(FMain, GlobalMakesANewOneAfterUnload) {
+    fMain::setGlobalDesktop({&windows, &events});
+    askFor("3");
+    fMain& first = fMain::Global();
+    EXPECT_EQ(&fMain::Global(), &first);
+    first.Load();
+    fMain& second = fMain::Global();
+    EXPECT_NE(&second, &first);
+    second.Unload();  // never loaded: nothing happens
+    EXPECT_EQ(&fMain::Global(), &second);
+    EXPECT_EQ(first.LastFilename, fileInFolder("temp.bmp"));  // still there
+    fMain::setGlobalDesktop(consoleDesktop());
+}
+
+}  // namespace
+}  // namespace mobrel
