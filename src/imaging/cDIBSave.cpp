@@ -79,7 +79,7 @@ void packRow24(const std::uint8_t* from, int width, std::uint8_t* to) {
 }
 
 void writeTrueColorRows(FileWriter& file, const cDIB& DIB) {
-    constexpr std::size_t kChunk = 128 * 1024;
+    constexpr std::size_t kChunk = 64 * 1024;
     const auto stride = static_cast<std::size_t>(packedStride(DIB.Width(), 24));
     const std::size_t rowsAtOnce = std::max<std::size_t>(1, kChunk / stride);
     std::vector<std::uint8_t> rows(rowsAtOnce * stride);  // the padding stays zero

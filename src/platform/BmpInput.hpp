@@ -28,7 +28,7 @@ inline std::int32_t loadI32(const std::uint8_t* bytes) {
 class BmpInput {
  public:
     /// The longest run that take() gives.
-    static constexpr std::size_t kMaxTake = 64 * 1024;
+    static constexpr std::size_t kMaxTake = 32 * 1024;
 
     explicit BmpInput(ByteSource& source);
 

@@ -14,7 +14,7 @@ namespace mobrel {
 namespace {
 
 // Long rows are taken in pieces, which end at a byte for every depth.
-constexpr int kPiecePixels = 16384;
+constexpr int kPiecePixels = 8192;
 static_assert(kPiecePixels * 4 <= BmpInput::kMaxTake && kPiecePixels % 8 == 0);
 
 std::int64_t packedBytes(std::int64_t width, int bits) {

@@ -5,7 +5,6 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -13,6 +12,12 @@
 namespace mobrel {
 
 static_assert(std::endian::native == std::endian::little, "a pixel read as a word is 0x00RRGGBB");
+
+/// Gives pages back to the system.
+struct UnmapPages {
+    std::size_t bytes = 0;
+    void operator()(std::uint8_t* pages) const noexcept;
+};
 
 /// Owns width x height pixels of 4 bytes (blue, green, red, unused), rows without padding. The order
 /// of the rows is the holder's. Moves, never copies.
@@ -51,11 +56,7 @@ class PixelBuffer {
     }
 
  private:
-    struct Free {
-        void operator()(std::uint8_t* bits) const noexcept { std::free(bits); }
-    };
-
-    std::unique_ptr<std::uint8_t[], Free> m_bits;
+    std::unique_ptr<std::uint8_t[], UnmapPages> m_bits;
     int m_width = 0;
     int m_height = 0;
 };

@@ -318,7 +318,7 @@ TEST(WritePrivateProfileString, keepsTheModeAndGivesNewFilesTheUsualOne) {
     const TemporaryFolder folder;
     const std::string path = folder.write("a.ini", "[S]\na=1\n");
     const mode_t oldMask = ::umask(027);
-    for (const mode_t mode : {0600, 0666, 0755}) {
+    for (const mode_t mode : {0600u, 0666u, 0755u}) {
         ASSERT_EQ(::chmod(path.c_str(), mode), 0);
         EXPECT_TRUE(WritePrivateProfileString("S", "a", std::to_string(mode), path));
         struct stat status = {};
