@@ -3,21 +3,20 @@
 
 #include <sys/mman.h>
 
+#include <cstdlib>
+
 namespace mobrel {
 
 namespace {
 
 constexpr std::size_t kHugePage = std::size_t{2} << 20;
 
-std::uint8_t* mapZeroes(std::size_t bytes) noexcept {
-    void* pages = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-    return pages == MAP_FAILED ? nullptr : static_cast<std::uint8_t*>(pages);
-}
-
 /// Whole huge pages, at the start of one: maps one more and gives back what stands over.
 std::uint8_t* mapHugePages(std::size_t bytes) noexcept {
-    std::uint8_t* mapped = mapZeroes(bytes + kHugePage);
-    if (mapped == nullptr) return nullptr;
+    void* pagesOrError =
+        mmap(nullptr, bytes + kHugePage, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (pagesOrError == MAP_FAILED) return nullptr;
+    auto* mapped = static_cast<std::uint8_t*>(pagesOrError);
     const std::size_t before = (kHugePage - reinterpret_cast<std::uintptr_t>(mapped) % kHugePage) % kHugePage;
     if (before > 0) munmap(mapped, before);
     std::uint8_t* pages = mapped + before;
@@ -37,15 +36,15 @@ bool PixelBuffer::isValidSize(std::int64_t width, std::int64_t height) noexcept 
 std::optional<PixelBuffer> PixelBuffer::create(int width, int height) noexcept {
     if (!isValidSize(width, height)) return std::nullopt;
     PixelBuffer buffer;
-    std::size_t bytes = static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4;
+    const std::size_t bytes = static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4;
     // The first touch of memory costs more than most filters do, and a tenth of that in huge pages.
     // Pages that are never written take no memory, so a false claim of a size costs nothing.
-    constexpr std::size_t kWorthHugePages = kHugePage / 8;
+    constexpr std::size_t kWorthHugePages = kHugePage / 4;
     if (bytes >= kWorthHugePages) {
-        bytes = (bytes + kHugePage - 1) / kHugePage * kHugePage;
-        buffer.m_bits = {mapHugePages(bytes), UnmapPages{bytes}};
+        const std::size_t mapped = (bytes + kHugePage - 1) / kHugePage * kHugePage;
+        buffer.m_bits = {mapHugePages(mapped), ReleasePixels{mapped}};
     } else {
-        buffer.m_bits = {mapZeroes(bytes), UnmapPages{bytes}};
+        buffer.m_bits = {static_cast<std::uint8_t*>(std::calloc(bytes, 1)), ReleasePixels{}};
     }
     if (buffer.m_bits == nullptr) return std::nullopt;
     buffer.m_width = width;
@@ -53,6 +52,12 @@ std::optional<PixelBuffer> PixelBuffer::create(int width, int height) noexcept {
     return buffer;
 }
 
-void UnmapPages::operator()(std::uint8_t* pages) const noexcept { munmap(pages, bytes); }
+void ReleasePixels::operator()(std::uint8_t* bits) const noexcept {
+    if (mappedBytes > 0) {
+        munmap(bits, mappedBytes);
+    } else {
+        std::free(bits);
+    }
+}
 
 }  // namespace mobrel

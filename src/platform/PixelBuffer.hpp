@@ -13,10 +13,10 @@ namespace mobrel {
 
 static_assert(std::endian::native == std::endian::little, "a pixel read as a word is 0x00RRGGBB");
 
-/// Gives pages back to the system.
-struct UnmapPages {
-    std::size_t bytes = 0;
-    void operator()(std::uint8_t* pages) const noexcept;
+/// Gives the memory of pixels back: mapped bytes where their number is told, else that of the heap.
+struct ReleasePixels {
+    std::size_t mappedBytes = 0;
+    void operator()(std::uint8_t* bits) const noexcept;
 };
 
 /// Owns width x height pixels of 4 bytes (blue, green, red, unused), rows without padding. The order
@@ -56,7 +56,7 @@ class PixelBuffer {
     }
 
  private:
-    std::unique_ptr<std::uint8_t[], UnmapPages> m_bits;
+    std::unique_ptr<std::uint8_t[], ReleasePixels> m_bits;
     int m_width = 0;
     int m_height = 0;
 };
