@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: MIT
-// What all filters share: the surface test, the rows, the progress values, the end event.
+// What all filters share: the rows, the progress values, the end event.
 #pragma once
 
 #include <cstdint>
+#include <cstring>
+#include <utility>
+#include <vector>
 
+#include "filters/kernels/forSteps.hpp"
+#include "filters/kernels/neighbourhood.hpp"
 #include "imaging/cDIB.hpp"
 #include "platform/Event.hpp"
 #include "platform/Numbers.hpp"
@@ -22,25 +27,31 @@ class FilterFrame {
     std::uint8_t* row(int y) const {
         return m_dib.DIBitsPtr() + std::ptrdiff_t{y} * m_dib.BytesPerScanLine();
     }
+    std::size_t rowBytes() const { return static_cast<std::size_t>(m_dib.BytesPerScanLine()); }
 
-    /// One pass: calls work(y) for each row of [first, end) and raises Progress(y) after it.
+    /// One pass: calls work(y) for the rows from first below end in steps, and raises Progress(y) after
+    /// each.
     template <typename Work>
-    void onePass(int first, int end, Work work) const {
-        for (int y = first; y < end; ++y) {
+    void onePass(std::int32_t first, std::int32_t end, Work work, std::int32_t step = 1) const {
+        kernels::forSteps(first, end - 1, step, [&](std::int32_t y) {
             work(y);
             m_progress.raise(y);
-        }
+        });
     }
 
-    /// One of several passes: each finished row adds `share` to a float that is raised rounded, so the
-    /// value climbs once over all passes.
+    /// One of several passes: after each row the shared progress moves by `share` of a row.
     template <typename Work>
     void sharedPass(float share, int first, int end, Work work) {
         for (int y = first; y < end; ++y) {
             work(y);
-            m_done += share;
-            m_progress.raise(roundInt(m_done));
+            advance(share);
         }
+    }
+
+    /// Adds to a float that is raised rounded, so the value climbs once over all passes.
+    void advance(float share) {
+        m_done += share;
+        m_progress.raise(roundInt(m_done));
     }
 
     void finish() const { m_progressEnd.raise(); }
@@ -50,6 +61,30 @@ class FilterFrame {
     const Event<std::int32_t>& m_progress;
     const Event<>& m_progressEnd;
     float m_done = 0;
+};
+
+/// Lends the inner rows of a picture one after the other, each with the unchanged rows around it, while
+/// the picture is being overwritten: only the two rows behind are kept.
+class UnchangedRows {
+ public:
+    explicit UnchangedRows(const FilterFrame& frame)
+        : m_frame(frame), m_below(frame.rowBytes()), m_at(frame.rowBytes()) {
+        keep(m_at, 0);
+    }
+
+    /// The rows around y, where y goes up by 1 from call to call, from 1 to the height minus 2.
+    kernels::Rows3 around(int y) {
+        std::swap(m_below, m_at);
+        keep(m_at, y);
+        return {m_below.data(), m_at.data(), m_frame.row(y + 1)};
+    }
+
+ private:
+    void keep(std::vector<std::uint8_t>& row, int y) { std::memcpy(row.data(), m_frame.row(y), row.size()); }
+
+    const FilterFrame& m_frame;
+    std::vector<std::uint8_t> m_below;
+    std::vector<std::uint8_t> m_at;
 };
 
 }  // namespace mobrel

@@ -1,38 +1,100 @@
 // SPDX-License-Identifier: MIT
 #include "filters/cDIBFilter.hpp"
 
+#include <algorithm>
 #include <array>
+#include <vector>
 
 #include "filters/FilterFrame.hpp"
+#include "filters/kernels/displace.hpp"
+#include "filters/kernels/neighbourhood.hpp"
 #include "filters/kernels/point.hpp"
 #include "filters/kernels/rank.hpp"
 #include "filters/kernels/select.hpp"
+#include "filters/kernels/texture.hpp"
 #include "platform/Numbers.hpp"
 
 namespace mobrel {
 
 namespace {
 
+using Row = std::uint8_t*;
+
 /// A percentage as the factor 1 per hundred, stored as a float.
 float factor(std::int32_t percent) {
     return static_cast<float>(percent / 100.0);
 }
 
-kernels::ByteTable shiftTable(std::int32_t increment) {
+/// A table of 256 bytes, entry i being rule(i).
+template <typename Rule>
+kernels::ByteTable byteTable(Rule rule) {
     kernels::ByteTable table{};
-    for (int i = 0; i < 256; ++i) table[static_cast<std::size_t>(i)] = clampByte(wrapAdd(i, increment));
+    for (int i = 0; i < 256; ++i) table[static_cast<std::size_t>(i)] = rule(i);
     return table;
+}
+
+kernels::ByteTable shiftTable(std::int32_t increment) {
+    return byteTable([=](int i) { return clampByte(wrapAdd(i, increment)); });
 }
 
 }  // namespace
 
-/// A filter of one pass over every row, each row from itself alone.
+/// One pass over every row, each row from itself alone.
 template <typename RowWork>
 void cDIBFilter::runInPlace(cDIB& DIB, RowWork rowWork) {
     if (DIB.hDIB() == nullptr) return;
     FilterFrame frame(DIB, Progress, ProgressEnd);
     frame.onePass(0, frame.height(), [&](int y) { rowWork(frame.row(y), frame.width()); });
     frame.finish();
+}
+
+/// One pass over the inner rows, each from the three unchanged rows around it.
+template <typename RowWork>
+void cDIBFilter::runOnInnerRows(cDIB& DIB, RowWork rowWork) {
+    if (DIB.hDIB() == nullptr) return;
+    FilterFrame frame(DIB, Progress, ProgressEnd);
+    UnchangedRows rows(frame);
+    frame.onePass(1, frame.height() - 1,
+                  [&](int y) { rowWork(rows.around(y), frame.row(y), frame.width()); });
+    frame.finish();
+}
+
+/// Four passes over the inner pixels, in place, each with the two neighbours of one direction.
+template <typename DirectionWork>
+void cDIBFilter::runInFourDirections(cDIB& DIB, DirectionWork directionWork) {
+    if (DIB.hDIB() == nullptr) return;
+    FilterFrame frame(DIB, Progress, ProgressEnd);
+    struct Step {
+        int x;
+        int y;
+    };
+    struct Direction {
+        Step a;
+        Step b;
+    };
+    constexpr std::array<Direction, 4> kDirections = {{
+        {{0, -1}, {0, 1}},
+        {{-1, 0}, {1, 0}},
+        {{-1, -1}, {1, 1}},
+        {{-1, 1}, {1, -1}},
+    }};
+    for (const auto& [a, b] : kDirections) {
+        frame.sharedPass(0.25F, 1, frame.height() - 1, [&](int y) {
+            directionWork(frame.row(y) + 4, frame.row(y + a.y) + 4 + a.x * 4,
+                          frame.row(y + b.y) + 4 + b.x * 4, frame.width() - 2);
+        });
+    }
+    frame.finish();
+}
+
+void cDIBFilter::Blur(cDIB& DIB, std::int32_t Level) {
+    runOnInnerRows(DIB, [w = wrapSub(101, Level)](kernels::Rows3 S, Row D, int width) {
+        kernels::blurRow(S, D, width, w);
+    });
+}
+
+void cDIBFilter::Contour(cDIB& DIB) {
+    runOnInnerRows(DIB, kernels::contourRow);
 }
 
 void cDIBFilter::Contrast(cDIB& DIB, std::int32_t Level) {
@@ -54,34 +116,60 @@ void cDIBFilter::Contrast(cDIB& DIB, std::int32_t Level) {
 }
 
 void cDIBFilter::Colorize(cDIB& DIB, float Hue, float Saturation, float Luminosity) {
-    runInPlace(DIB, [table = kernels::ColorizeTable(Hue, Saturation, Luminosity)](
-                        std::uint8_t* row, int width) { kernels::colorizeRow(row, width, table); });
+    runInPlace(DIB, [table = kernels::ColorizeTable(Hue, Saturation, Luminosity)](Row row, int width) {
+        kernels::colorizeRow(row, width, table);
+    });
 }
 
 void cDIBFilter::Despeckle(cDIB& DIB) {
+    runInFourDirections(DIB, kernels::despeckleRow);
+}
+
+void cDIBFilter::DespeckleMore(cDIB& DIB) {
+    runInFourDirections(DIB, kernels::despeckleMoreRow);
+}
+
+void cDIBFilter::Diffuse(cDIB& DIB, std::int32_t xRange, std::int32_t yRange, std::int32_t DiffuseStep) {
+    if (DIB.hDIB() == nullptr) return;
+    cDIB S;
+    if (!S.Create(DIB.Width(), DIB.Height(), 0)) throw RuntimeError(ErrorNumber::OutOfMemory);
+    S.LoadDIBBlt(DIB);
+    FilterFrame frame(DIB, Progress, ProgressEnd);
+    const kernels::PictureRows from{S.DIBitsPtr(), frame.width(), frame.height()};
+    const std::int32_t step = DiffuseStep < 1 ? 1 : DiffuseStep;
+    const auto work = [&](int y) {
+        kernels::diffuseRow(from, y, frame.row(y), xRange, yRange, step, m_random);
+    };
+    frame.onePass(0, frame.height(), work, step);
+    frame.finish();
+}
+
+void cDIBFilter::Emboss(cDIB& DIB, std::int32_t Level, bool ConnectMargins) {
+    runRelief(DIB, factor(Level), ConnectMargins);
+}
+
+void cDIBFilter::Engrave(cDIB& DIB, std::int32_t Level, bool ConnectMargins) {
+    runRelief(DIB, -factor(Level), ConnectMargins);
+}
+
+/// Relief and grey in one sweep: the row above is not changed yet, and of the changed rows only the
+/// first is asked for again. kept: the last row takes the first as the one above it even where the
+/// margins are not connected.
+void cDIBFilter::runRelief(cDIB& DIB, float strength, bool ConnectMargins) {
     if (DIB.hDIB() == nullptr) return;
     FilterFrame frame(DIB, Progress, ProgressEnd);
-    const int inner = frame.width() - 2;
-    // The two neighbours of each pass, as columns and rows beside the pixel.
-    struct Step {
-        int x;
-        int y;
-    };
-    struct Direction {
-        Step a;
-        Step b;
-    };
-    constexpr std::array<Direction, 4> kDirections = {{
-        {{0, -1}, {0, 1}},
-        {{-1, 0}, {1, 0}},
-        {{-1, -1}, {1, 1}},
-        {{-1, 1}, {1, -1}},
-    }};
-    for (const auto& [a, b] : kDirections) {
-        frame.sharedPass(0.25F, 1, frame.height() - 1, [&](int y) {
-            kernels::despeckleRow(frame.row(y) + 4, frame.row(y + a.y) + 4 + a.x * 4,
-                                  frame.row(y + b.y) + 4 + b.x * 4, inner);
-        });
+    const int reliefWidth = ConnectMargins ? frame.width() : frame.width() - 1;
+    const int reliefHeight = ConnectMargins ? frame.height() : frame.height() - 1;
+    const std::vector<std::uint8_t> firstRow(frame.row(0), frame.row(0) + frame.rowBytes());
+    for (int y = 0; y < frame.height(); ++y) {
+        const Row row = frame.row(y);
+        if (y < reliefHeight) {
+            const std::uint8_t* above = y == reliefHeight - 1 ? firstRow.data() : frame.row(y + 1);
+            kernels::embossRow(row, above, row, reliefWidth, strength);
+            frame.advance(0.5F);
+        }
+        kernels::reliefGreysRow(row, frame.width());
+        frame.advance(0.5F);
     }
     frame.finish();
 }
@@ -94,14 +182,142 @@ void cDIBFilter::Negative(cDIB& DIB) {
     runInPlace(DIB, kernels::negativeRow);
 }
 
+void cDIBFilter::Noise(cDIB& DIB, std::int32_t Level, std::int32_t xyStep) {
+    if (DIB.hDIB() == nullptr) return;
+    FilterFrame frame(DIB, Progress, ProgressEnd);
+    const auto work = [&](int y) { kernels::noiseRow(frame.row(y), frame.width(), Level, xyStep, m_random); };
+    frame.onePass(0, frame.height(), work, xyStep);
+    frame.finish();
+}
+
+/// Mean and edge in one sweep, since both read the unchanged picture.
+void cDIBFilter::Outline(cDIB& DIB, std::int32_t Level, std::int32_t Shift) {
+    if (DIB.hDIB() == nullptr) return;
+    FilterFrame frame(DIB, Progress, ProgressEnd);
+    UnchangedRows rows(frame);
+    const auto k = static_cast<float>(wrapSub(0, Level) / 50.0);
+    for (int y = 1; y < frame.height() - 1; ++y) {
+        kernels::outlineRow(rows.around(y), frame.row(y), frame.width(), k, Shift);
+        frame.advance(0.5F);
+        frame.advance(0.5F);
+    }
+    frame.finish();
+}
+
+/// A band of blocks has its means made before its first row is written.
+void cDIBFilter::Pixelize(cDIB& DIB, std::int32_t PixelSize) {
+    if (DIB.hDIB() == nullptr) return;
+    FilterFrame frame(DIB, Progress, ProgressEnd);
+    const kernels::PictureRows rows{frame.row(0), frame.width(), frame.height()};
+    std::vector<std::uint8_t> means;
+    frame.onePass(0, frame.height(), [&](int y) {
+        if (y == div(y, PixelSize) * PixelSize) {
+            const int end = y + std::min(PixelSize, frame.height() - y);
+            kernels::blockMeans(rows, y, end, PixelSize, means);
+        }
+        kernels::blockRow(means, frame.row(y), frame.width(), PixelSize);
+    });
+    frame.finish();
+}
+
+void cDIBFilter::RankFilterMaximum(cDIB& DIB) {
+    runOnInnerRows(DIB, kernels::maximumRow);
+}
+
+void cDIBFilter::RankFilterMinimum(cDIB& DIB) {
+    runOnInnerRows(DIB, kernels::minimumRow);
+}
+
+void cDIBFilter::Relieve(cDIB& DIB, std::int32_t Level) {
+    const auto k = static_cast<float>(wrapSub(101, Level) / 10.0);
+    runOnInnerRows(DIB, [k](kernels::Rows3 S, Row D, int width) { kernels::relieveRow(S, D, width, k); });
+}
+
+void cDIBFilter::ReplaceHS(cDIB& DIB, std::uint32_t ColorFrom, std::uint32_t ColorTo, std::int32_t Tolerance,
+                           std::int32_t HTolerance, std::int32_t STolerance) {
+    if (DIB.hDIB() == nullptr) return;
+    const kernels::HueSaturationReplacement replacement({ColorFrom, Tolerance}, ColorTo, HTolerance,
+                                                        STolerance);
+    runInPlace(DIB, [&](Row row, int width) { replacement.run(row, width); });
+}
+
+void cDIBFilter::ReplaceL(cDIB& DIB, std::uint32_t ColorFrom, std::uint32_t ColorTo, std::int32_t Tolerance,
+                          std::int32_t LTolerance) {
+    if (DIB.hDIB() == nullptr) return;
+    const kernels::LuminosityReplacement replacement({ColorFrom, Tolerance}, ColorTo, LTolerance);
+    runInPlace(DIB, [&](Row row, int width) { replacement.run(row, width); });
+}
+
+/// A cleaned block counts as cleaned in the rings of the next ones, so the rows are read as they are.
+void cDIBFilter::SaltAndPepperRemoval(cDIB& DIB, std::int32_t Threshold) {
+    if (DIB.hDIB() == nullptr) return;
+    FilterFrame frame(DIB, Progress, ProgressEnd);
+    frame.onePass(1, frame.height() - 2, [&](int y) {
+        const Row rows[4] = {frame.row(y - 1), frame.row(y), frame.row(y + 1), frame.row(y + 2)};
+        kernels::saltAndPepperRow(rows, frame.width(), Threshold);
+    });
+    frame.finish();
+}
+
 void cDIBFilter::Saturation(cDIB& DIB, std::int32_t Level) {
-    runInPlace(DIB,
-               [f = factor(Level)](std::uint8_t* row, int width) { kernels::saturationRow(row, width, f); });
+    runInPlace(DIB, [f = factor(Level)](Row row, int width) { kernels::saturationRow(row, width, f); });
+}
+
+void cDIBFilter::ScanLines(cDIB& DIB, std::int32_t BlackLevel, std::int32_t WhiteLevel) {
+    if (DIB.hDIB() == nullptr) return;
+    FilterFrame frame(DIB, Progress, ProgressEnd);
+    const double wf = static_cast<float>(1 + WhiteLevel / 100.0);
+    const double bf = static_cast<float>(1 - BlackLevel / 100.0);
+    const auto white =
+        byteTable([=](int i) { return wf * i > 255 ? std::uint8_t{255} : toByte(roundInt(wf * i)); });
+    const auto black =
+        byteTable([=](int i) { return bf * i < 0 ? std::uint8_t{0} : toByte(roundInt(bf * i)); });
+    const auto work = [&](int y) {
+        kernels::tableRow(frame.row(y), frame.width(), white, white, white);
+        kernels::tableRow(frame.row(y + 1), frame.width(), black, black, black);
+    };
+    frame.onePass(0, frame.height() - 1, work, 2);
+    frame.finish();
+}
+
+void cDIBFilter::Sharpen(cDIB& DIB, std::int32_t Level) {
+    runOnInnerRows(DIB, [w = wrapSub(109, Level)](kernels::Rows3 S, Row D, int width) {
+        kernels::sharpenRow(S, D, width, w);
+    });
+}
+
+void cDIBFilter::Shift(cDIB& DIB, std::uint32_t ColorFrom, std::int32_t Inc, std::int32_t Tolerance) {
+    if (DIB.hDIB() == nullptr) return;
+    const kernels::ColourSphere sphere(ColorFrom, Tolerance);
+    runInPlace(DIB, [&, shifted = shiftTable(Inc)](Row row, int width) {
+        kernels::shiftRow(row, width, sphere, shifted);
+    });
 }
 
 void cDIBFilter::ShiftRGB(cDIB& DIB, std::int32_t RInc, std::int32_t GInc, std::int32_t BInc) {
     runInPlace(DIB, [TB = shiftTable(BInc), TG = shiftTable(GInc), TR = shiftTable(RInc)](
-                        std::uint8_t* row, int width) { kernels::tableRow(row, width, TB, TG, TR); });
+                        Row row, int width) { kernels::tableRow(row, width, TB, TG, TR); });
+}
+
+void cDIBFilter::Soften(cDIB& DIB, std::int32_t Level) {
+    runOnInnerRows(DIB, [w = wrapSub(101, Level)](kernels::Rows3 S, Row D, int width) {
+        kernels::softenRow(S, D, width, w);
+    });
+}
+
+/// Row by row over the tiles of a band; the value of a band is that of its first row.
+void cDIBFilter::Texturize(cDIB& DIB, const cDIB& TextureDIB) {
+    if (DIB.hDIB() == nullptr || TextureDIB.hDIB() == nullptr) return;
+    FilterFrame frame(DIB, Progress, ProgressEnd);
+    const PixelBuffer& texture = *TextureDIB.hDIB();
+    const auto work = [&](int band) {
+        const int rows = std::min(texture.height(), frame.height() - band);
+        for (int j = 0; j < rows; ++j) {
+            kernels::texturizeRow(frame.row(band + j), frame.width(), texture.row(j), texture.width());
+        }
+    };
+    frame.onePass(0, frame.height(), work, texture.height());
+    frame.finish();
 }
 
 }  // namespace mobrel

@@ -2,11 +2,13 @@
 // Every filter against its plain recipe, over sweeps of sizes and pictures: bytes and events.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <functional>
 #include <string>
 #include <vector>
 
+#include "filters/FilterCatalogue.hpp"
 #include "filters/cDIBFilter.hpp"
 #include "support/EventLog.hpp"
 #include "support/FilterRecipes.hpp"
@@ -42,31 +44,177 @@ void add(std::vector<SweepCase>& cases, const std::string& name, Filter filter, 
     cases.push_back({name, filter, recipe});
 }
 
-std::vector<SweepCase> sweepCases() {
+void addPlain(std::vector<SweepCase>& cases) {
     using F = cDIBFilter;
-    std::vector<SweepCase> cases;
-    addLevels(cases, "Contrast", &F::Contrast, recipes::contrast, {-300, -100, -40, 0, 30, 250, 4000});
-    addLevels(cases, "Saturation", &F::Saturation, recipes::saturation, {-250, -100, -33, 0, 70, 250});
+    add(
+        cases, "Contour", [](F& f, cDIB& d) { f.Contour(d); }, recipes::contour);
     add(
         cases, "Despeckle", [](F& f, cDIB& d) { f.Despeckle(d); }, recipes::despeckle);
+    add(
+        cases, "DespeckleMore", [](F& f, cDIB& d) { f.DespeckleMore(d); }, recipes::despeckleMore);
     add(
         cases, "Greys", [](F& f, cDIB& d) { f.Greys(d); }, recipes::greys);
     add(
         cases, "Negative", [](F& f, cDIB& d) { f.Negative(d); }, recipes::negative);
+    add(
+        cases, "RankFilterMaximum", [](F& f, cDIB& d) { f.RankFilterMaximum(d); },
+        recipes::rankFilterMaximum);
+    add(
+        cases, "RankFilterMinimum", [](F& f, cDIB& d) { f.RankFilterMinimum(d); },
+        recipes::rankFilterMinimum);
+}
+
+void addWithOneNumber(std::vector<SweepCase>& cases) {
+    using F = cDIBFilter;
+    addLevels(cases, "Blur", &F::Blur, recipes::blur, {-8421395, -300, 0, 76, 99, 100, 101});
+    addLevels(cases, "Contrast", &F::Contrast, recipes::contrast,
+              {-421075000, -300, -100, -40, 0, 30, 250, 4000, 421075000});
+    addLevels(cases, "Pixelize", &F::Pixelize, recipes::pixelize, {1, 2, 3, 7, 25, 2901});
+    addLevels(cases, "Relieve", &F::Relieve, recipes::relieve,
+              {-84214000, -7, 1, 50, 75, 99, 100, 102, 84214000});
+    addLevels(cases, "SaltAndPepperRemoval", &F::SaltAndPepperRemoval, recipes::saltAndPepperRemoval,
+              {-1, 0, 20, 128, 255});
+    addLevels(cases, "Saturation", &F::Saturation, recipes::saturation,
+              {-1263225000, -250, -100, -33, 0, 70, 250, 1263225000});
+    addLevels(cases, "Sharpen", &F::Sharpen, recipes::sharpen,
+              {-2147483647, -500, 76, 85, 99, 100, 102, 110, 2147483647});
+    addLevels(cases, "Soften", &F::Soften, recipes::soften, {-8421399, -300, 0, 76, 95, 100, 101});
+}
+
+void addReliefs(std::vector<SweepCase>& cases) {
+    using F = cDIBFilter;
+    for (const std::int32_t level : {0, 1, 37, 100, 200, -150, 842150000}) {
+        for (const bool connect : {true, false}) {
+            const std::string suffix = std::to_string(level & 0xFFFF) + (connect ? "_connected" : "_cut");
+            add(
+                cases, "Emboss_" + suffix, [=](F& f, cDIB& d) { f.Emboss(d, level, connect); },
+                [=](Picture& p, EventLog& log) { recipes::emboss(p, level, connect, log); });
+            add(
+                cases, "Engrave_" + suffix, [=](F& f, cDIB& d) { f.Engrave(d, level, connect); },
+                [=](Picture& p, EventLog& log) { recipes::engrave(p, level, connect, log); });
+        }
+    }
+}
+
+void addWithSeveralNumbers(std::vector<SweepCase>& cases) {
+    using F = cDIBFilter;
     for (const auto& [r, g, b] :
          {std::array{20, 0, -20}, std::array{-255, 255, 7}, std::array{1, 2147483647, -2147483647}}) {
         add(
             cases, "ShiftRGB_" + std::to_string(r & 0xFFFF), [=](F& f, cDIB& d) { f.ShiftRGB(d, r, g, b); },
             [=](Picture& p, EventLog& log) { recipes::shiftRGB(p, r, g, b, log); });
     }
+    for (const auto& [level, shift] :
+         {std::array{-50, 5}, std::array{100, -50}, std::array{0, 0}, std::array{-37, 50},
+          std::array{210000000, 1073000000}, std::array{-210000000, -1073000000}}) {
+        add(
+            cases, "Outline_" + std::to_string(level & 0xFFFF),
+            [=](F& f, cDIB& d) { f.Outline(d, level, shift); },
+            [=](Picture& p, EventLog& log) { recipes::outline(p, level, shift, log); });
+    }
+    for (const auto& [black, white] : {std::array{20, 20}, std::array{0, 0}, std::array{100, 100},
+                                       std::array{33, -100}, std::array{2147483647, 2147483647}}) {
+        add(
+            cases, "ScanLines_" + std::to_string(black & 0xFFFF),
+            [=](F& f, cDIB& d) { f.ScanLines(d, black, white); },
+            [=](Picture& p, EventLog& log) { recipes::scanLines(p, black, white, log); });
+    }
     for (const auto& [h, s, l] :
-         {std::array{0.5F, 0.25F, 1.0F}, std::array{-1.0F, 1.0F, 0.7F}, std::array{4.99F, 0.5F, 1.0F},
+         {std::array{0.5F, 0.25F, 1.0F}, std::array{-1.0F, 1.0F, 0.7F}, std::array{5.0F, 0.5F, 1.0F},
           std::array{2.5F, 0.0F, 1.0F}, std::array{1.0F, 1.0F, 1.0F}, std::array{3.3F, 0.9F, 0.4F}}) {
         add(
             cases, "Colorize_" + std::to_string(static_cast<int>(h * 100 + 100)),
             [=](F& f, cDIB& d) { f.Colorize(d, h, s, l); },
             [=](Picture& p, EventLog& log) { recipes::colorize(p, h, s, l, log); });
     }
+}
+
+/// Filter and recipe draw the same numbers, each from a source of its own.
+void addWithChance(std::vector<SweepCase>& cases) {
+    for (const auto& [level, step] : {std::array{5, 1}, std::array{200, 3}, std::array{0, 2},
+                                      std::array{-40, 1}, std::array{1073741823, 10}}) {
+        add(
+            cases, "Noise_" + std::to_string(level & 0xFFFF) + "_" + std::to_string(step),
+            [=](cDIBFilter& f, cDIB& d) { f.Noise(d, level, step); },
+            [=](Picture& p, EventLog& log) {
+                recipes::noise(
+                    p, level, step, [random = RandomSource()]() mutable { return random.next(); }, log);
+            });
+    }
+    for (const auto& [x, y, step] :
+         {std::array{1, 1, 1}, std::array{0, 5, 1}, std::array{20, 3, 2}, std::array{-2, 1, -4},
+          std::array{1073741823, -1073741824, 2147483647}}) {
+        add(
+            cases, "Diffuse_" + std::to_string(x & 0xFFFF) + "_" + std::to_string(step & 0xFFFF),
+            [=](cDIBFilter& f, cDIB& d) { f.Diffuse(d, x, y, step); },
+            [=](Picture& p, EventLog& log) {
+                recipes::diffuse(
+                    p, x, y, step, [random = RandomSource()]() mutable { return random.next(); }, log);
+            });
+    }
+}
+
+void addSelections(std::vector<SweepCase>& cases) {
+    struct Colours {
+        std::int32_t from, to, tolerance;
+    };
+    int number = 0;
+    for (const auto& [from, to, tolerance] :
+         {Colours{0x0000FF, 0x00FF00, 100}, Colours{0x808080, 0xFFFFFF, 30}, Colours{0x7F4020, 0x000000, 255},
+          Colours{0x123456, 0x654321, 0}, Colours{0xFF00FF, 0x00FFFF, -60},
+          Colours{0x00FFFF, 0xC08040, 36345}}) {
+        const std::string suffix = "_" + std::to_string(++number);
+        for (const std::int32_t near : {0, 7, 100, -1}) {
+            const std::string name = suffix + "_" + std::to_string(near & 0xFF);
+            add(
+                cases, "ReplaceHS" + name,
+                [=](cDIBFilter& f, cDIB& d) {
+                    f.ReplaceHS(d, static_cast<Color>(from), static_cast<Color>(to), tolerance, near,
+                                100 - near);
+                },
+                [=](Picture& p, EventLog& log) {
+                    recipes::replaceHS(p, from, to, tolerance, near, 100 - near, log);
+                });
+            add(
+                cases, "ReplaceL" + name,
+                [=](cDIBFilter& f, cDIB& d) {
+                    f.ReplaceL(d, static_cast<Color>(from), static_cast<Color>(to), tolerance, near);
+                },
+                [=](Picture& p, EventLog& log) { recipes::replaceL(p, from, to, tolerance, near, log); });
+        }
+        for (const std::int32_t inc : {0, 40, -255, 2147483647}) {
+            add(
+                cases, "Shift" + suffix + "_" + std::to_string(inc & 0xFFFF),
+                [=](cDIBFilter& f, cDIB& d) { f.Shift(d, static_cast<Color>(from), inc, tolerance); },
+                [=](Picture& p, EventLog& log) { recipes::shift(p, from, inc, tolerance, log); });
+        }
+    }
+}
+
+void addTextures(std::vector<SweepCase>& cases) {
+    for (const auto& [width, height] :
+         {std::array{1, 1}, std::array{3, 2}, std::array{16, 16}, std::array{90, 40}}) {
+        const Picture texture = test::sweepPictures({width, height}).front().picture;
+        add(
+            cases, "Texturize_" + std::to_string(width),
+            [=](cDIBFilter& f, cDIB& d) {
+                cDIB surface;
+                toSurface(texture, surface);
+                f.Texturize(d, surface);
+            },
+            [=](Picture& p, EventLog& log) { recipes::texturize(p, texture, log); });
+    }
+}
+
+std::vector<SweepCase> sweepCases() {
+    std::vector<SweepCase> cases;
+    addPlain(cases);
+    addWithOneNumber(cases);
+    addReliefs(cases);
+    addWithSeveralNumbers(cases);
+    addWithChance(cases);
+    addSelections(cases);
+    addTextures(cases);
     return cases;
 }
 
@@ -81,7 +229,8 @@ TEST_P(FilterSweep, GivesTheBytesAndEventsOfItsRecipe) {
 
             cDIB surface;
             toSurface(picture, surface);
-            cDIBFilter filter;
+            RandomSource random;
+            cDIBFilter filter(random);
             EventLog log;
             log.attach(filter);
             GetParam().filter(filter, surface);
@@ -100,6 +249,15 @@ TEST_P(FilterSweep, DoesNothingOnAnEmptySurface) {
     GetParam().filter(filter, surface);
     EXPECT_TRUE(log.isEmpty());
     EXPECT_EQ(surface.hDIB(), nullptr);
+}
+
+TEST(FilterSweeps, CoverTheCatalogue) {
+    const auto cases = sweepCases();
+    for (const FilterEntry& entry : kFilterCatalogue) {
+        EXPECT_TRUE(std::any_of(cases.begin(), cases.end(), [&](const SweepCase& c) {
+            return c.name.substr(0, c.name.find('_')) == entry.name;
+        })) << entry.name;
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Filters, FilterSweep, testing::ValuesIn(sweepCases()),
@@ -129,11 +287,21 @@ TEST(FilterErrors, ComeWithTheirNumbersAndNoEndEvent) {
     const ErrorCase cases[] = {
         {"Saturation", [](cDIBFilter& f, cDIB& d) { f.Saturation(d, 2147483647); }, ErrorNumber::Overflow},
         {"Contrast", [](cDIBFilter& f, cDIB& d) { f.Contrast(d, 2000000000); }, ErrorNumber::Overflow},
+        {"Blur", [](cDIBFilter& f, cDIB& d) { f.Blur(d, 109); }, ErrorNumber::DivisionByZero},
+        {"Blur", [](cDIBFilter& f, cDIB& d) { f.Blur(d, 102); }, ErrorNumber::Overflow},
+        {"Soften", [](cDIBFilter& f, cDIB& d) { f.Soften(d, 105); }, ErrorNumber::DivisionByZero},
+        {"Sharpen", [](cDIBFilter& f, cDIB& d) { f.Sharpen(d, 101); }, ErrorNumber::DivisionByZero},
+        {"Relieve", [](cDIBFilter& f, cDIB& d) { f.Relieve(d, 101); }, ErrorNumber::DivisionByZero},
+        {"Pixelize", [](cDIBFilter& f, cDIB& d) { f.Pixelize(d, 0); }, ErrorNumber::DivisionByZero},
+        {"ScanLines", [](cDIBFilter& f, cDIB& d) { f.ScanLines(d, -1, 0); }, ErrorNumber::Overflow},
+        {"ScanLines", [](cDIBFilter& f, cDIB& d) { f.ScanLines(d, 0, -101); }, ErrorNumber::Overflow},
+        {"Shift", [](cDIBFilter& f, cDIB& d) { f.Shift(d, 0, 1, 36346); }, ErrorNumber::Overflow},
         {"Colorize", [](cDIBFilter& f, cDIB& d) { f.Colorize(d, 0.5F, 1.0F, 3.0F); }, ErrorNumber::Overflow},
     };
     for (const auto& c : cases) {
-        Picture picture(2, 1);
-        picture.pixels = {{0, 10, 200, 0}, {250, 255, 240, 0}};
+        Picture picture(5, 4, {255, 255, 255, 0});
+        picture.at(2, 2) = {0, 0, 0, 0};
+        picture.at(0, 0) = {0, 10, 200, 0};
         cDIB surface;
         toSurface(picture, surface);
         cDIBFilter filter;

@@ -19,6 +19,18 @@ struct WeightTable {
     std::array<double, 256> products{};
 };
 
+/// Sets each pixel to its weighted grey; sum(b, g, r) adds the weighted channels in its own order.
+template <typename Sum>
+void setGreys(std::uint8_t* row, int width, Sum sum) {
+    static const WeightTable kBlue(0.071);
+    static const WeightTable kGreen(0.707);
+    static const WeightTable kRed(0.222);
+    for (int x = 0; x < width; ++x, row += 4) {
+        const double grey = sum(kBlue[row[0]], kGreen[row[1]], kRed[row[2]]);
+        row[0] = row[1] = row[2] = toByte(roundInt(grey));
+    }
+}
+
 /// Channels of one pixel on their way back into the range of a byte.
 struct Channels {
     std::int32_t b;
@@ -54,13 +66,11 @@ void resolveClipping(Channels& c) {
 }  // namespace
 
 void greysRow(std::uint8_t* row, int width) {
-    static const WeightTable kGreen(0.707);
-    static const WeightTable kBlue(0.071);
-    static const WeightTable kRed(0.222);
-    for (int x = 0; x < width; ++x, row += 4) {
-        const std::uint8_t grey = toByte(roundInt(kGreen[row[1]] + kBlue[row[0]] + kRed[row[2]]));
-        row[0] = row[1] = row[2] = grey;
-    }
+    setGreys(row, width, [](double b, double g, double r) { return g + b + r; });
+}
+
+void reliefGreysRow(std::uint8_t* row, int width) {
+    setGreys(row, width, [](double b, double g, double r) { return g + r + b; });
 }
 
 void negativeRow(std::uint8_t* row, int width) {

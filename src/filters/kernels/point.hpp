@@ -13,6 +13,10 @@ using IntTable = std::array<std::int32_t, 256>;
 /// Round(0.707 G + 0.071 B + 0.222 R), summed in that order in double precision, on all channels.
 void greysRow(std::uint8_t* row, int width);
 
+/// Round(0.707 G + 0.222 R + 0.071 B), summed in that order: differs from greysRow where a sum lies on
+/// a rounding tie.
+void reliefGreysRow(std::uint8_t* row, int width);
+
 /// 255 - c.
 void negativeRow(std::uint8_t* row, int width);
 

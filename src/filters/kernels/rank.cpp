@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "filters/kernels/rank.hpp"
 
+#include <cstddef>
+#include <cstdlib>
+
 namespace mobrel::kernels {
 
 namespace {
 
-// A neighbour more than one below p implies p > 0, and likewise above, so no sample leaves the byte.
+// A neighbour below p implies p > 0, and one above p implies p < 255, so no sample leaves the byte.
 int despeckled(int p, int a, int b) {
     p -= a < p - 1;
     p -= b < p - 1;
@@ -14,12 +17,71 @@ int despeckled(int p, int a, int b) {
     return p;
 }
 
+int despeckledMore(int p, int a, int b) {
+    p -= a < p - 1;
+    p -= a < p && b <= p;
+    p -= b < p && a <= p;
+    p -= b < p - 1;
+    p += a > p + 1;
+    p += a > p && b >= p;
+    p += b > p && a >= p;
+    p += b > p + 1;
+    return p;
+}
+
+template <typename Rule>
+void moveSamples(std::uint8_t* row, const std::uint8_t* a, const std::uint8_t* b, int count, Rule rule) {
+    for (int i = 0; i < count; ++i, row += 4, a += 4, b += 4) {
+        for (int channel = 0; channel < 3; ++channel) {
+            row[channel] = static_cast<std::uint8_t>(rule(row[channel], a[channel], b[channel]));
+        }
+    }
+}
+
+struct Mean {
+    int b, g, r;
+
+    bool differs(const std::uint8_t* pixel, std::int32_t threshold) const {
+        return std::abs(pixel[0] - b) > threshold || std::abs(pixel[1] - g) > threshold ||
+               std::abs(pixel[2] - r) > threshold;
+    }
+};
+
+/// The mean of the 12 pixels around the block at column x.
+Mean ringMean(std::uint8_t* const rows[4], int x) {
+    const auto sum = [&](int channel) {
+        int total = 0;
+        for (int column = x - 1; column <= x + 2; ++column) {
+            const int at = column * 4 + channel;
+            total += rows[0][at] + rows[3][at];
+            if (column == x - 1 || column == x + 2) total += rows[1][at] + rows[2][at];
+        }
+        return total / 12;
+    };
+    return {sum(0), sum(1), sum(2)};
+}
+
 }  // namespace
 
 void despeckleRow(std::uint8_t* row, const std::uint8_t* a, const std::uint8_t* b, int count) {
-    for (int i = 0; i < count; ++i, row += 4, a += 4, b += 4) {
-        for (int channel = 0; channel < 3; ++channel) {
-            row[channel] = static_cast<std::uint8_t>(despeckled(row[channel], a[channel], b[channel]));
+    moveSamples(row, a, b, count, despeckled);
+}
+
+void despeckleMoreRow(std::uint8_t* row, const std::uint8_t* a, const std::uint8_t* b, int count) {
+    moveSamples(row, a, b, count, despeckledMore);
+}
+
+void saltAndPepperRow(std::uint8_t* const rows[4], int width, std::int32_t threshold) {
+    for (int x = 1; x <= width - 3; ++x) {
+        const Mean mean = ringMean(rows, x);
+        for (int dy = 0; dy <= 1; ++dy) {
+            for (int dx = 0; dx <= 1; ++dx) {
+                std::uint8_t* pixel = rows[1 + dy] + std::ptrdiff_t{x + dx} * 4;
+                if (!mean.differs(pixel, threshold)) continue;
+                pixel[0] = static_cast<std::uint8_t>(mean.b);
+                pixel[1] = static_cast<std::uint8_t>(mean.g);
+                pixel[2] = static_cast<std::uint8_t>(mean.r);
+            }
         }
     }
 }

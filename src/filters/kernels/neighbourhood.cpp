@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+#include "filters/kernels/neighbourhood.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+#include "platform/Numbers.hpp"
+
+namespace mobrel::kernels {
+
+namespace {
+
+/// One channel of a pixel and of the eight around it.
+struct Window {
+    int belowLeft, below, belowRight;
+    int left, centre, right;
+    int aboveLeft, above, aboveRight;
+
+    int beside() const { return below + above + right + left; }
+    int around() const { return beside() + belowLeft + belowRight + aboveLeft + aboveRight; }
+    int largest() const {
+        return std::max({belowLeft, below, belowRight, left, centre, right, aboveLeft, above, aboveRight});
+    }
+};
+
+Window windowAt(const Rows3& rows, int at) {
+    return {rows.below[at - 4], rows.below[at],     rows.below[at + 4], rows.at[at - 4],   rows.at[at],
+            rows.at[at + 4],    rows.above[at - 4], rows.above[at],     rows.above[at + 4]};
+}
+
+/// Writes rule(window) to the three channels of each inner pixel.
+template <typename Rule>
+void forInnerChannels(const Rows3& from, std::uint8_t* to, int width, Rule rule) {
+    for (int x = 1; x < width - 1; ++x) {
+        for (int at = x * 4; at < x * 4 + 3; ++at) to[at] = rule(windowAt(from, at));
+    }
+}
+
+}  // namespace
+
+void blurRow(Rows3 from, std::uint8_t* to, int width, std::int32_t w) {
+    forInnerChannels(from, to, width, [=](const Window& s) {
+        return toByte(div(wrapAdd(s.around(), wrapMul(w, s.centre)), wrapAdd(w, 8)));
+    });
+}
+
+void softenRow(Rows3 from, std::uint8_t* to, int width, std::int32_t w) {
+    forInnerChannels(from, to, width, [=](const Window& s) {
+        return toByte(div(wrapAdd(s.beside(), wrapMul(w, s.centre)), wrapAdd(w, 4)));
+    });
+}
+
+void sharpenRow(Rows3 from, std::uint8_t* to, int width, std::int32_t w) {
+    forInnerChannels(from, to, width, [=](const Window& s) {
+        return clampByte(div(wrapSub(wrapMul(w, s.centre), s.around()), wrapSub(w, 8)));
+    });
+}
+
+void contourRow(Rows3 from, std::uint8_t* to, int width) {
+    forInnerChannels(from, to, width, [](const Window& s) {
+        return static_cast<std::uint8_t>(255 - (s.largest() - s.centre));
+    });
+}
+
+void relieveRow(Rows3 from, std::uint8_t* to, int width, float k) {
+    const double scale = k;
+    forInnerChannels(from, to, width, [=](const Window& s) {
+        if (scale == 0) throw RuntimeError(ErrorNumber::DivisionByZero);
+        const std::int32_t t = roundInt(s.centre * scale);
+        const int e = s.belowRight + s.right + s.below - s.aboveLeft - s.above - s.left;
+        return clampByte(roundInt(wrapAdd(t, e) / scale));
+    });
+}
+
+void outlineRow(Rows3 from, std::uint8_t* to, int width, float k, std::int32_t shift) {
+    const double strength = k;
+    forInnerChannels(from, to, width, [=](const Window& s) {
+        const int mean = (s.beside() + s.centre) / 5;
+        return clampByte(roundInt(mean - strength * (s.largest() - s.centre) + shift));
+    });
+}
+
+void maximumRow(Rows3 from, std::uint8_t* to, int width) {
+    forInnerChannels(from, to, width, [](const Window& s) {
+        return static_cast<std::uint8_t>(std::max({s.below, s.left, s.centre, s.right, s.above}));
+    });
+}
+
+void minimumRow(Rows3 from, std::uint8_t* to, int width) {
+    forInnerChannels(from, to, width, [](const Window& s) {
+        return static_cast<std::uint8_t>(std::min({s.below, s.left, s.centre, s.right, s.above}));
+    });
+}
+
+void embossRow(const std::uint8_t* from, const std::uint8_t* neighbours, std::uint8_t* to, int count,
+               float f) {
+    const double strength = f;
+    for (int x = 0; x < count; ++x) {
+        const std::uint8_t* neighbour = neighbours + std::ptrdiff_t{x == 0 ? 0 : x - 1} * 4;
+        for (int channel = 0; channel < 3; ++channel) {
+            const int difference = from[x * 4 + channel] - neighbour[channel];
+            to[x * 4 + channel] = clampByte(roundInt(std::abs(strength * difference + 128)));
+        }
+    }
+}
+
+}  // namespace mobrel::kernels
