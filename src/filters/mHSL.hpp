@@ -30,7 +30,9 @@ Hsl RGBToHSL(std::uint8_t R, std::uint8_t G, std::uint8_t B);
 Rgb HSLToRGB(float H, float S, float L);
 
 /// A place on a hue slider of 240 steps as a place about red: above 200 it counts from below 0.
-constexpr std::int32_t WrapHue(std::int32_t t) { return t > 200 ? t - 240 : t; }
+constexpr std::int32_t WrapHue(std::int32_t t) {
+    return t > 200 ? t - 240 : t;
+}
 
 float MaxOf3(float a, float b, float c);
 float MinOf3(float a, float b, float c);

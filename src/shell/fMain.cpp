@@ -27,8 +27,8 @@ std::vector<std::unique_ptr<fMain>>& mainWindows() {
 
 bool g_referenced = false;
 
-/// The folder of the undo files. The platform of the texts always sets tmp and temp; TMPDIR and then
-/// /tmp answer where neither stands in the environment.
+/// The folder of the undo files: tmp, then temp, as hosts set them. TMPDIR and then /tmp answer where
+/// neither stands in the environment.
 std::string temporaryFolder() {
     const auto tmp = environmentValue("tmp");
     const auto temp = environmentValue("temp");
