@@ -78,10 +78,10 @@ void cDIBFilter::runInFourDirections(cDIB& DIB, DirectionWork directionWork) {
         {{-1, -1}, {1, 1}},
         {{-1, 1}, {1, -1}},
     }};
-    for (const auto& [a, b] : kDirections) {
+    for (const Direction& to : kDirections) {
         frame.sharedPass(0.25F, 1, frame.height() - 1, [&](int y) {
-            directionWork(frame.row(y) + 4, frame.row(y + a.y) + 4 + a.x * 4,
-                          frame.row(y + b.y) + 4 + b.x * 4, frame.width() - 2);
+            directionWork(frame.row(y) + 4, frame.row(y + to.a.y) + 4 + to.a.x * 4,
+                          frame.row(y + to.b.y) + 4 + to.b.x * 4, frame.width() - 2);
         });
     }
     frame.finish();

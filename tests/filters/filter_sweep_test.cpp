@@ -98,58 +98,57 @@ void addReliefs(std::vector<SweepCase>& cases) {
 
 void addWithSeveralNumbers(std::vector<SweepCase>& cases) {
     using F = cDIBFilter;
-    for (const auto& [r, g, b] :
+    for (const auto& rgb :
          {std::array{20, 0, -20}, std::array{-255, 255, 7}, std::array{1, 2147483647, -2147483647}}) {
         add(
-            cases, "ShiftRGB_" + std::to_string(r & 0xFFFF), [=](F& f, cDIB& d) { f.ShiftRGB(d, r, g, b); },
-            [=](Picture& p, EventLog& log) { recipes::shiftRGB(p, r, g, b, log); });
+            cases, "ShiftRGB_" + std::to_string(rgb[0] & 0xFFFF),
+            [=](F& f, cDIB& d) { f.ShiftRGB(d, rgb[0], rgb[1], rgb[2]); },
+            [=](Picture& p, EventLog& log) { recipes::shiftRGB(p, rgb[0], rgb[1], rgb[2], log); });
     }
-    for (const auto& [level, shift] :
-         {std::array{-50, 5}, std::array{100, -50}, std::array{0, 0}, std::array{-37, 50},
-          std::array{210000000, 1073000000}, std::array{-210000000, -1073000000}}) {
+    for (const auto& v : {std::array{-50, 5}, std::array{100, -50}, std::array{0, 0}, std::array{-37, 50},
+                          std::array{210000000, 1073000000}, std::array{-210000000, -1073000000}}) {
         add(
-            cases, "Outline_" + std::to_string(level & 0xFFFF),
-            [=](F& f, cDIB& d) { f.Outline(d, level, shift); },
-            [=](Picture& p, EventLog& log) { recipes::outline(p, level, shift, log); });
+            cases, "Outline_" + std::to_string(v[0] & 0xFFFF),
+            [=](F& f, cDIB& d) { f.Outline(d, v[0], v[1]); },
+            [=](Picture& p, EventLog& log) { recipes::outline(p, v[0], v[1], log); });
     }
-    for (const auto& [black, white] : {std::array{20, 20}, std::array{0, 0}, std::array{100, 100},
-                                       std::array{33, -100}, std::array{2147483647, 2147483647}}) {
+    for (const auto& v : {std::array{20, 20}, std::array{0, 0}, std::array{100, 100}, std::array{33, -100},
+                          std::array{2147483647, 2147483647}}) {
         add(
-            cases, "ScanLines_" + std::to_string(black & 0xFFFF),
-            [=](F& f, cDIB& d) { f.ScanLines(d, black, white); },
-            [=](Picture& p, EventLog& log) { recipes::scanLines(p, black, white, log); });
+            cases, "ScanLines_" + std::to_string(v[0] & 0xFFFF),
+            [=](F& f, cDIB& d) { f.ScanLines(d, v[0], v[1]); },
+            [=](Picture& p, EventLog& log) { recipes::scanLines(p, v[0], v[1], log); });
     }
-    for (const auto& [h, s, l] :
+    for (const auto& hsl :
          {std::array{0.5F, 0.25F, 1.0F}, std::array{-1.0F, 1.0F, 0.7F}, std::array{5.0F, 0.5F, 1.0F},
           std::array{2.5F, 0.0F, 1.0F}, std::array{1.0F, 1.0F, 1.0F}, std::array{3.3F, 0.9F, 0.4F}}) {
         add(
-            cases, "Colorize_" + std::to_string(static_cast<int>(h * 100 + 100)),
-            [=](F& f, cDIB& d) { f.Colorize(d, h, s, l); },
-            [=](Picture& p, EventLog& log) { recipes::colorize(p, h, s, l, log); });
+            cases, "Colorize_" + std::to_string(static_cast<int>(hsl[0] * 100 + 100)),
+            [=](F& f, cDIB& d) { f.Colorize(d, hsl[0], hsl[1], hsl[2]); },
+            [=](Picture& p, EventLog& log) { recipes::colorize(p, hsl[0], hsl[1], hsl[2], log); });
     }
 }
 
 /// Filter and recipe draw the same numbers, each from a source of its own.
 void addWithChance(std::vector<SweepCase>& cases) {
-    for (const auto& [level, step] : {std::array{5, 1}, std::array{200, 3}, std::array{0, 2},
-                                      std::array{-40, 1}, std::array{1073741823, 10}}) {
+    for (const auto& v : {std::array{5, 1}, std::array{200, 3}, std::array{0, 2}, std::array{-40, 1},
+                          std::array{1073741823, 10}}) {
         add(
-            cases, "Noise_" + std::to_string(level & 0xFFFF) + "_" + std::to_string(step),
-            [=](cDIBFilter& f, cDIB& d) { f.Noise(d, level, step); },
+            cases, "Noise_" + std::to_string(v[0] & 0xFFFF) + "_" + std::to_string(v[1]),
+            [=](cDIBFilter& f, cDIB& d) { f.Noise(d, v[0], v[1]); },
             [=](Picture& p, EventLog& log) {
                 recipes::noise(
-                    p, level, step, [random = RandomSource()]() mutable { return random.next(); }, log);
+                    p, v[0], v[1], [random = RandomSource()]() mutable { return random.next(); }, log);
             });
     }
-    for (const auto& [x, y, step] :
-         {std::array{1, 1, 1}, std::array{0, 5, 1}, std::array{20, 3, 2}, std::array{-2, 1, -4},
-          std::array{1073741823, -1073741824, 2147483647}}) {
+    for (const auto& v : {std::array{1, 1, 1}, std::array{0, 5, 1}, std::array{20, 3, 2},
+                          std::array{-2, 1, -4}, std::array{1073741823, -1073741824, 2147483647}}) {
         add(
-            cases, "Diffuse_" + std::to_string(x & 0xFFFF) + "_" + std::to_string(step & 0xFFFF),
-            [=](cDIBFilter& f, cDIB& d) { f.Diffuse(d, x, y, step); },
+            cases, "Diffuse_" + std::to_string(v[0] & 0xFFFF) + "_" + std::to_string(v[2] & 0xFFFF),
+            [=](cDIBFilter& f, cDIB& d) { f.Diffuse(d, v[0], v[1], v[2]); },
             [=](Picture& p, EventLog& log) {
                 recipes::diffuse(
-                    p, x, y, step, [random = RandomSource()]() mutable { return random.next(); }, log);
+                    p, v[0], v[1], v[2], [random = RandomSource()]() mutable { return random.next(); }, log);
             });
     }
 }
@@ -159,34 +158,35 @@ void addSelections(std::vector<SweepCase>& cases) {
         std::int32_t from, to, tolerance;
     };
     int number = 0;
-    for (const auto& [from, to, tolerance] :
-         {Colours{0x0000FF, 0x00FF00, 100}, Colours{0x808080, 0xFFFFFF, 30}, Colours{0x7F4020, 0x000000, 255},
-          Colours{0x123456, 0x654321, 0}, Colours{0xFF00FF, 0x00FFFF, -60},
-          Colours{0x00FFFF, 0xC08040, 36345}}) {
+    for (const Colours& c : {Colours{0x0000FF, 0x00FF00, 100}, Colours{0x808080, 0xFFFFFF, 30},
+                             Colours{0x7F4020, 0x000000, 255}, Colours{0x123456, 0x654321, 0},
+                             Colours{0xFF00FF, 0x00FFFF, -60}, Colours{0x00FFFF, 0xC08040, 36345}}) {
         const std::string suffix = "_" + std::to_string(++number);
         for (const std::int32_t near : {0, 7, 100, -1}) {
             const std::string name = suffix + "_" + std::to_string(near & 0xFF);
             add(
                 cases, "ReplaceHS" + name,
                 [=](cDIBFilter& f, cDIB& d) {
-                    f.ReplaceHS(d, static_cast<Color>(from), static_cast<Color>(to), tolerance, near,
+                    f.ReplaceHS(d, static_cast<Color>(c.from), static_cast<Color>(c.to), c.tolerance, near,
                                 100 - near);
                 },
                 [=](Picture& p, EventLog& log) {
-                    recipes::replaceHS(p, from, to, tolerance, near, 100 - near, log);
+                    recipes::replaceHS(p, c.from, c.to, c.tolerance, near, 100 - near, log);
                 });
             add(
                 cases, "ReplaceL" + name,
                 [=](cDIBFilter& f, cDIB& d) {
-                    f.ReplaceL(d, static_cast<Color>(from), static_cast<Color>(to), tolerance, near);
+                    f.ReplaceL(d, static_cast<Color>(c.from), static_cast<Color>(c.to), c.tolerance, near);
                 },
-                [=](Picture& p, EventLog& log) { recipes::replaceL(p, from, to, tolerance, near, log); });
+                [=](Picture& p, EventLog& log) {
+                    recipes::replaceL(p, c.from, c.to, c.tolerance, near, log);
+                });
         }
         for (const std::int32_t inc : {0, 40, -255, 2147483647}) {
             add(
                 cases, "Shift" + suffix + "_" + std::to_string(inc & 0xFFFF),
-                [=](cDIBFilter& f, cDIB& d) { f.Shift(d, static_cast<Color>(from), inc, tolerance); },
-                [=](Picture& p, EventLog& log) { recipes::shift(p, from, inc, tolerance, log); });
+                [=](cDIBFilter& f, cDIB& d) { f.Shift(d, static_cast<Color>(c.from), inc, c.tolerance); },
+                [=](Picture& p, EventLog& log) { recipes::shift(p, c.from, inc, c.tolerance, log); });
         }
     }
 }

@@ -28,7 +28,7 @@ void writeText(const std::string& path, const std::string& text) {
 }
 
 std::uint32_t word(const Bytes& file, std::size_t at) {
-    return file.at(at) | file.at(at + 1) << 8 | file.at(at + 2) << 16 |
+    return static_cast<std::uint32_t>(file.at(at) | file.at(at + 1) << 8 | file.at(at + 2) << 16) |
            static_cast<std::uint32_t>(file.at(at + 3)) << 24;
 }
 
