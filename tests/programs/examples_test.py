@@ -28,7 +28,7 @@ class ExampleTest(unittest.TestCase):
             ("15", None, file, 0, "the result is", written(sepia(picture))),
             ("15", file, None, 0, "the result is", written(sepia(picture))),
             ("3", None, written(picture), 0, "the picture is as it was", written(picture)),
-            ("8", None, file, 1, "status 1: mobrel: ", file),
+            ("5", None, file, 1, "status 1: mobrel: ", file),
             ("15", None, None, 1, "no picture", None),
             ("15", b"no picture", None, 1, "Unexpected error loading image", b"no picture"),
         ]

@@ -75,6 +75,15 @@ class HandOff:
                                 stderr=subprocess.PIPE, cwd=self.root, preexec_fn=prepare, **identity,
                                 env=clean_environment() | named)
 
+    def install_program(self, folder):
+        """Copies the program and its library to a folder and runs the copy from now on. Names the files."""
+        source = Path(self.program)
+        files = [source, *source.parent.glob("libmobrel-core.so*")]
+        for file in files:
+            shutil.copy(file, folder)
+        self.program = folder / source.name
+        return [folder / file.name for file in files]
+
     def run(self, **how):
         return finished(self.start(**how))
 

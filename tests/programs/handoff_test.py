@@ -7,11 +7,9 @@
 import os
 import random
 import re
-import shutil
 import signal
 import sys
 import unittest
-from pathlib import Path
 
 from handoff_folder import (SECTION, STRAY_SNAPSHOT, STRAY_WAS_THERE, FolderWatch, HandOff, config_of,
                             finished, remove_stray_snapshot)
@@ -212,17 +210,14 @@ class FolderTest(HandOffTest):
         picture = small_noise()
         for variable in (None, ""):
             with self.subTest(variable=variable), HandOff(PROGRAM) as host:
-                installed = ["mobrel"]
-                shutil.copy(PROGRAM, host.folder / "mobrel")
-                for library in Path(PROGRAM).parent.glob("libmobrel-core.so*"):
-                    shutil.copy(library, host.folder)
-                    installed.append(library.name)
-                host.program = host.root / "link to the program"
-                host.program.symlink_to(host.folder / "mobrel")
+                installed = host.install_program(host.folder)
+                link = host.root / "link to the program"
+                link.symlink_to(host.program)
+                host.program = link
                 host.leave(config_of(15), encoded(picture))
                 ended = host.run(MOBREL_FOLDER=variable)
                 for file in installed:
-                    (host.folder / file).unlink()
+                    file.unlink()
                 self.check_done(host, ended, written(sepia(picture)))
 
     def test_a_folder_that_does_not_exist(self):
@@ -242,6 +237,7 @@ class FolderTest(HandOffTest):
                 host.leave(config_of(15), original)
                 host.picture.chmod(mode)
                 inode = host.picture.stat().st_ino
+                host.install_program(host.root)  # the build folder may be closed to others
                 host.folder.chmod(0o555)
                 ended = host.run(as_nobody=os.geteuid() == 0)
                 self.assertEqual(ended.status, 0)
