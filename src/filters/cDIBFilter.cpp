@@ -18,8 +18,6 @@ namespace mobrel {
 
 namespace {
 
-using Row = std::uint8_t*;
-
 /// A percentage as the factor 1 per hundred, stored as a float.
 float factor(std::int32_t percent) {
     return static_cast<float>(percent / 100.0);
@@ -88,7 +86,7 @@ void cDIBFilter::runInFourDirections(cDIB& DIB, DirectionWork directionWork) {
 }
 
 void cDIBFilter::Blur(cDIB& DIB, std::int32_t Level) {
-    runOnInnerRows(DIB, [w = wrapSub(101, Level)](kernels::Rows3 S, Row D, int width) {
+    runOnInnerRows(DIB, [w = wrapSub(101, Level)](kernels::Rows3 S, std::uint8_t* D, int width) {
         kernels::blurRow(S, D, width, w);
     });
 }
@@ -116,9 +114,8 @@ void cDIBFilter::Contrast(cDIB& DIB, std::int32_t Level) {
 }
 
 void cDIBFilter::Colorize(cDIB& DIB, float Hue, float Saturation, float Luminosity) {
-    runInPlace(DIB, [table = kernels::ColorizeTable(Hue, Saturation, Luminosity)](Row row, int width) {
-        kernels::colorizeRow(row, width, table);
-    });
+    runInPlace(DIB, [table = kernels::ColorizeTable(Hue, Saturation, Luminosity)](
+                        std::uint8_t* row, int width) { kernels::colorizeRow(row, width, table); });
 }
 
 void cDIBFilter::Despeckle(cDIB& DIB) {
@@ -162,7 +159,7 @@ void cDIBFilter::runRelief(cDIB& DIB, float strength, bool ConnectMargins) {
     const int reliefHeight = ConnectMargins ? frame.height() : frame.height() - 1;
     const std::vector<std::uint8_t> firstRow(frame.row(0), frame.row(0) + frame.rowBytes());
     for (int y = 0; y < frame.height(); ++y) {
-        const Row row = frame.row(y);
+        std::uint8_t* row = frame.row(y);
         if (y < reliefHeight) {
             const std::uint8_t* above = y == reliefHeight - 1 ? firstRow.data() : frame.row(y + 1);
             kernels::embossRow(row, above, row, reliefWidth, strength);
@@ -230,7 +227,8 @@ void cDIBFilter::RankFilterMinimum(cDIB& DIB) {
 
 void cDIBFilter::Relieve(cDIB& DIB, std::int32_t Level) {
     const auto k = static_cast<float>(wrapSub(101, Level) / 10.0);
-    runOnInnerRows(DIB, [k](kernels::Rows3 S, Row D, int width) { kernels::relieveRow(S, D, width, k); });
+    runOnInnerRows(
+        DIB, [k](kernels::Rows3 S, std::uint8_t* D, int width) { kernels::relieveRow(S, D, width, k); });
 }
 
 void cDIBFilter::ReplaceHS(cDIB& DIB, std::uint32_t ColorFrom, std::uint32_t ColorTo, std::int32_t Tolerance,
@@ -238,14 +236,14 @@ void cDIBFilter::ReplaceHS(cDIB& DIB, std::uint32_t ColorFrom, std::uint32_t Col
     if (DIB.hDIB() == nullptr) return;
     const kernels::HueSaturationReplacement replacement({ColorFrom, Tolerance}, ColorTo, HTolerance,
                                                         STolerance);
-    runInPlace(DIB, [&](Row row, int width) { replacement.run(row, width); });
+    runInPlace(DIB, [&](std::uint8_t* row, int width) { replacement.run(row, width); });
 }
 
 void cDIBFilter::ReplaceL(cDIB& DIB, std::uint32_t ColorFrom, std::uint32_t ColorTo, std::int32_t Tolerance,
                           std::int32_t LTolerance) {
     if (DIB.hDIB() == nullptr) return;
     const kernels::LuminosityReplacement replacement({ColorFrom, Tolerance}, ColorTo, LTolerance);
-    runInPlace(DIB, [&](Row row, int width) { replacement.run(row, width); });
+    runInPlace(DIB, [&](std::uint8_t* row, int width) { replacement.run(row, width); });
 }
 
 /// A cleaned block counts as cleaned in the rings of the next ones, so the rows are read as they are.
@@ -253,14 +251,15 @@ void cDIBFilter::SaltAndPepperRemoval(cDIB& DIB, std::int32_t Threshold) {
     if (DIB.hDIB() == nullptr) return;
     FilterFrame frame(DIB, Progress, ProgressEnd);
     frame.onePass(1, frame.height() - 2, [&](int y) {
-        const Row rows[4] = {frame.row(y - 1), frame.row(y), frame.row(y + 1), frame.row(y + 2)};
+        std::uint8_t* const rows[4] = {frame.row(y - 1), frame.row(y), frame.row(y + 1), frame.row(y + 2)};
         kernels::saltAndPepperRow(rows, frame.width(), Threshold);
     });
     frame.finish();
 }
 
 void cDIBFilter::Saturation(cDIB& DIB, std::int32_t Level) {
-    runInPlace(DIB, [f = factor(Level)](Row row, int width) { kernels::saturationRow(row, width, f); });
+    runInPlace(DIB,
+               [f = factor(Level)](std::uint8_t* row, int width) { kernels::saturationRow(row, width, f); });
 }
 
 void cDIBFilter::ScanLines(cDIB& DIB, std::int32_t BlackLevel, std::int32_t WhiteLevel) {
@@ -281,7 +280,7 @@ void cDIBFilter::ScanLines(cDIB& DIB, std::int32_t BlackLevel, std::int32_t Whit
 }
 
 void cDIBFilter::Sharpen(cDIB& DIB, std::int32_t Level) {
-    runOnInnerRows(DIB, [w = wrapSub(109, Level)](kernels::Rows3 S, Row D, int width) {
+    runOnInnerRows(DIB, [w = wrapSub(109, Level)](kernels::Rows3 S, std::uint8_t* D, int width) {
         kernels::sharpenRow(S, D, width, w);
     });
 }
@@ -289,18 +288,18 @@ void cDIBFilter::Sharpen(cDIB& DIB, std::int32_t Level) {
 void cDIBFilter::Shift(cDIB& DIB, std::uint32_t ColorFrom, std::int32_t Inc, std::int32_t Tolerance) {
     if (DIB.hDIB() == nullptr) return;
     const kernels::ColourSphere sphere(ColorFrom, Tolerance);
-    runInPlace(DIB, [&, shifted = shiftTable(Inc)](Row row, int width) {
+    runInPlace(DIB, [&, shifted = shiftTable(Inc)](std::uint8_t* row, int width) {
         kernels::shiftRow(row, width, sphere, shifted);
     });
 }
 
 void cDIBFilter::ShiftRGB(cDIB& DIB, std::int32_t RInc, std::int32_t GInc, std::int32_t BInc) {
     runInPlace(DIB, [TB = shiftTable(BInc), TG = shiftTable(GInc), TR = shiftTable(RInc)](
-                        Row row, int width) { kernels::tableRow(row, width, TB, TG, TR); });
+                        std::uint8_t* row, int width) { kernels::tableRow(row, width, TB, TG, TR); });
 }
 
 void cDIBFilter::Soften(cDIB& DIB, std::int32_t Level) {
-    runOnInnerRows(DIB, [w = wrapSub(101, Level)](kernels::Rows3 S, Row D, int width) {
+    runOnInnerRows(DIB, [w = wrapSub(101, Level)](kernels::Rows3 S, std::uint8_t* D, int width) {
         kernels::softenRow(S, D, width, w);
     });
 }

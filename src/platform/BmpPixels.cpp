@@ -30,19 +30,30 @@ std::uint8_t widened(unsigned value, int bits) {
     return static_cast<std::uint8_t>(wide);
 }
 
-// Four pixels are three words: three loads and four stores instead of twelve and sixteen.
+std::uint64_t loadWord(const std::uint8_t* bytes) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, bytes, sizeof word);
+    return word;
+}
+
+// The low 6 bytes of a word as two pixels.
+void storePair(std::uint8_t* out, std::uint64_t word) {
+    const std::uint64_t pair = (word & 0xFFFFFF) | (word & 0xFFFFFF000000) << 8;
+    std::memcpy(out, &pair, sizeof pair);
+}
+
+// Eight pixels are three words of 8 bytes.
 void expand24(const std::uint8_t* packed, int count, std::uint8_t* out) {
-    constexpr std::uint32_t kColor = 0xFFFFFF;
-    for (int groups = count / 4; groups > 0; --groups, packed += 12, out += 16) {
-        const std::uint32_t first = loadU32(packed);
-        const std::uint32_t second = loadU32(packed + 4);
-        const std::uint32_t third = loadU32(packed + 8);
-        storeU32(out, first & kColor);
-        storeU32(out + 4, (first >> 24 | second << 8) & kColor);
-        storeU32(out + 8, (second >> 16 | third << 16) & kColor);
-        storeU32(out + 12, third >> 8);
+    for (int groups = count / 8; groups > 0; --groups, packed += 24, out += 32) {
+        const std::uint64_t first = loadWord(packed);
+        const std::uint64_t second = loadWord(packed + 8);
+        const std::uint64_t third = loadWord(packed + 16);
+        storePair(out, first);
+        storePair(out + 8, first >> 48 | second << 16);
+        storePair(out + 16, second >> 32 | third << 32);
+        storePair(out + 24, third >> 16);
     }
-    for (int rest = count % 4; rest > 0; --rest, packed += 3, out += 4) {
+    for (int rest = count % 8; rest > 0; --rest, packed += 3, out += 4) {
         out[0] = packed[0];
         out[1] = packed[1];
         out[2] = packed[2];
