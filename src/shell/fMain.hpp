@@ -68,6 +68,9 @@ class fMain {
     /// Commands by their place in a menu, separators counted; an unknown index does nothing.
     /// Files: 0 Open (re-reads temp.bmp), 1 Save, 2 Save as, 6 ends the window.
     void mnuFiles(int Index);
+    /// Colour depths: 0 black and white, 1 and 2 16 and 256 greys, 4 as 0, 5 and 6 16 and 256 colours,
+    /// 8 true colour.
+    void mnuColorsz(int Index);
     /// Colour filters: 0 greys, 1 negative, 2 sepia.
     void mnuColorFilters(int Index);
     /// Definition filters: 7 despeckle.

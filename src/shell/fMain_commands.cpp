@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The commands of the main window, by their place in a menu.
+#include "imaging/ColourDepth.hpp"
 #include "platform/RuntimeError.hpp"
 #include "shell/fMain.hpp"
 
@@ -22,6 +23,13 @@ void fMain::mnuFiles(int Index) {
         default:
             break;
     }
+}
+
+void fMain::mnuColorsz(int Index) {
+    if (!DIBDither) throw RuntimeError(ErrorNumber::ObjectNotSet);
+    changeDepth(Index, {Canvas.DIB, DIBPal, *DIBDither, BPP},
+                [this](bool on) { m_desktop.windows->setHourglass(on); });
+    refreshInfo();
 }
 
 void fMain::mnuColorFilters(int Index) {

@@ -58,10 +58,9 @@ void fMain::pvHostStart() {
             if (!m_desktop.windows->showDialog("fFilter", task->argument)) refuseHostTask();
             return;
         case TaskKind::Depth:
-            m_desktop.windows->message("this number reduces colours, which is not part of this version yet",
-                                       MessageIcon::Exclamation, MessageButtons::Ok);
-            refuseHostTask();
-            return;
+            m_desktop.windows->setHourglass(true);
+            skipErrors([&] { mnuColorsz(task->argument); });
+            break;
         case TaskKind::Sepia:
             m_desktop.windows->setHourglass(true);
             skipErrors([&] { mnuColorFilters(2); });

@@ -105,3 +105,39 @@ def despeckled(picture):
                     p += b > p + 1 and p < 255
                     rows[y][x][c] = p
     return Picture(picture.width, picture.height, lambda x, y: tuple(rows[y][x]))
+
+
+def packed(width, height, bits, entries, indices):
+    """A palette file as a host gets it back; `entries` are (blue, green, red), indices in rows from the
+    bottom."""
+    stride = (width * bits + 31) // 32 * 4
+    rows = b""
+    for row in indices:
+        text = "".join(format(index, f"0{bits}b") for index in row).ljust(stride * 8, "0")
+        rows += int(text, 2).to_bytes(stride, "big")
+    table = b"".join(bytes(entry) + b"\0" for entry in entries)
+    # the size field leaves the 14 bytes of the file header out
+    return b"BM" + struct.pack("<IHHI", 40 + len(table) + len(rows), 0, 0, 54 + len(table)) + \
+        struct.pack("<IiiHHIIiiII", 40, width, height, 1, bits, 0, 0, 0, 0, 0, 0) + table + rows
+
+
+def even_greys(bits):
+    return [(i * 255 // ((1 << bits) - 1),) * 3 for i in range(1 << bits)]
+
+
+def weighted_grey(pixel):
+    blue, green, red = pixel
+    return round(0.707 * green + 0.071 * blue + 0.222 * red)
+
+
+def in_greys(picture):
+    """256 greys: the index is the grey."""
+    return packed(picture.width, picture.height, 8, even_greys(8),
+                  [[weighted_grey(p) for p in row] for row in picture.rows])
+
+
+def in_two_tones(picture, bits):
+    """A picture of pure black and white, in which there is no error to spread."""
+    white = (1 << bits) - 1
+    return packed(picture.width, picture.height, bits, even_greys(bits),
+                  [[white if p[0] else 0 for p in row] for row in picture.rows])

@@ -13,8 +13,8 @@ import unittest
 
 from handoff_folder import (SECTION, STRAY_SNAPSHOT, STRAY_WAS_THERE, FolderWatch, HandOff, config_of,
                             finished, remove_stray_snapshot)
-from handoff_oracle import (Picture, despeckled, encoded, file_of, five_bits, noise, palette_file, sepia,
-                            written)
+from handoff_oracle import (Picture, despeckled, encoded, file_of, five_bits, in_greys, in_two_tones, noise,
+                            palette_file, sepia, written)
 
 PROGRAM = ""
 LOAD_MESSAGE = "Unexpected error loading image"
@@ -24,7 +24,6 @@ WRITES_BACK = ["3", "03", " 3 ", "+3", "3e0", "0", "-1", "30", "99", "3.5", "15.
                "4294967311", '"3"', "0" * 253 + "15"]  # the last is cut behind its 254th character
 SEPIA = ["15", "015", " 15 ", "+15", "15.0", "1.5e1", "150e-1", "'15'"]
 DESPECKLES = ["28", "028", "2.8e1"]
-DEPTHS = [str(number) for number in range(8, 15)]
 DIALOGS = [str(number) for number in (5, 6, 7, *range(16, 28), 29)]
 NO_NUMBERS = ["", "abc", "15x", "1 5", "0x0F", "15,0", "--3", "e1", "1e999", "nan", "inf", "ERROR"]
 
@@ -81,9 +80,31 @@ class NumberTest(HandOffTest):
         speck = Picture(9, 9, lambda x, y: (0, 0, 0) if (x, y) == (4, 4) else (255, 255, 255))
         self.run_all(DESPECKLES, speck, written(despeckled(speck)))
 
+    def test_depths_without_an_error_to_spread(self):
+        for width in (1, 3, 8, 9, 33):
+            tones = Picture(width, 4, lambda x, y: (0, 0, 0) if (x + y) % 3 else (255, 255, 255))
+            for number, bits in (("8", 1), ("11", 1), ("9", 4)):
+                self.run_all([number], tones, in_two_tones(tones, bits))
+        picture = small_noise()
+        self.run_all(["10"], picture, in_greys(picture))
+        self.run_all(["13", "14"], picture, written(picture))
+
+    def test_sixteen_colours_are_the_sixteen_most_frequent_ones(self):
+        # colour i stands i + 1 times; few colours are neither merged nor do they leave an error
+        colours = [(17 * (i % 4), 85 * (i // 4), 255) for i in (0, 1, 5, 10, 15)]
+        pixels = [colour for i, colour in enumerate(colours) for _ in range(i + 1)]
+        picture = Picture(5, 3, lambda x, y: pixels[5 * y + x])
+        with HandOff(PROGRAM) as host:
+            host.leave(config_of(12), encoded(picture))
+            self.assertEqual(host.run().status, 0)
+            file = host.picture.read_bytes()
+        self.assertEqual((len(file), file[28], file[10]), (118 + 3 * 4, 4, 118))
+        table = [tuple(file[54 + 4 * i:57 + 4 * i]) for i in range(16)]
+        self.assertEqual(table, colours[::-1] + [(0, 0, 0)] * 11)
+
     def test_what_cannot_be_done_yet_is_refused(self):
         picture = encoded(small_noise())
-        for number in (*DEPTHS, *DIALOGS, *NO_NUMBERS):
+        for number in (*DIALOGS, *NO_NUMBERS):
             with self.subTest(number=number), HandOff(PROGRAM) as host:
                 host.leave(config_of(number) + b"WinState=0\r\n", picture)
                 before = host.picture.stat()

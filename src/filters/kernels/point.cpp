@@ -3,30 +3,18 @@
 
 #include <cstring>
 
+#include "imaging/WeightedGrey.hpp"
 #include "platform/Numbers.hpp"
 
 namespace mobrel::kernels {
 
 namespace {
 
-/// weight x value for every byte value.
-struct WeightTable {
-    explicit WeightTable(double weight) {
-        for (int i = 0; i < 256; ++i) products[static_cast<std::size_t>(i)] = weight * i;
-    }
-    double operator[](std::uint8_t value) const { return products[value]; }
-
-    std::array<double, 256> products{};
-};
-
 /// Sets each pixel to its weighted grey; sum(b, g, r) adds the weighted channels in its own order.
 template <typename Sum>
 void setGreys(std::uint8_t* row, int width, Sum sum) {
-    static const WeightTable kBlue(0.071);
-    static const WeightTable kGreen(0.707);
-    static const WeightTable kRed(0.222);
     for (int x = 0; x < width; ++x, row += 4) {
-        const double grey = sum(kBlue[row[0]], kGreen[row[1]], kRed[row[2]]);
+        const double grey = sum(kBlueWeight[row[0]], kGreenWeight[row[1]], kRedWeight[row[2]]);
         row[0] = row[1] = row[2] = toByte(roundInt(grey));
     }
 }
@@ -94,7 +82,7 @@ void tableRow(std::uint8_t* row, int width, const ByteTable& blue, const ByteTab
 void saturationRow(std::uint8_t* row, int width, float f) {
     const double strength = f;
     for (int x = 0; x < width; ++x, row += 4) {
-        const int grey = (row[2] + row[1] + row[0]) / 3;
+        const int grey = plainGrey(row);
         for (int channel = 0; channel < 3; ++channel) {
             const int c = row[channel];
             row[channel] = clampByte(roundInt(strength * (c - grey) + c));
@@ -104,8 +92,7 @@ void saturationRow(std::uint8_t* row, int width, float f) {
 
 std::int32_t plainGreySum(const std::uint8_t* row, int width) {
     std::uint32_t sum = 0;
-    for (int x = 0; x < width; ++x, row += 4)
-        sum += static_cast<std::uint32_t>((row[2] + row[1] + row[0]) / 3);
+    for (int x = 0; x < width; ++x, row += 4) sum += static_cast<std::uint32_t>(plainGrey(row));
     return static_cast<std::int32_t>(sum);
 }
 
