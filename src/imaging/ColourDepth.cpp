@@ -14,19 +14,19 @@ enum class PixelWork { BlackAndWhite, Greys, Colors, TrueColor };
 
 struct DepthRule {
     DepthCommand command;
-    std::uint8_t bpp;
     PixelWork work;
+    std::uint8_t bpp;
     bool diffuse;
 };
 
 constexpr DepthRule kDepthRules[] = {
-    {DepthCommand::BlackAndWhite, 1, PixelWork::BlackAndWhite, true},
-    {DepthCommand::Greys16, 4, PixelWork::Greys, true},
-    {DepthCommand::Greys256, 8, PixelWork::Greys, false},
-    {DepthCommand::TwoColors, 1, PixelWork::BlackAndWhite, true},
-    {DepthCommand::Colors16, 4, PixelWork::Colors, true},
-    {DepthCommand::Colors256, 8, PixelWork::Colors, true},
-    {DepthCommand::TrueColor, 24, PixelWork::TrueColor, false},
+    {DepthCommand::BlackAndWhite, PixelWork::BlackAndWhite, 1, true},
+    {DepthCommand::Greys16, PixelWork::Greys, 4, true},
+    {DepthCommand::Greys256, PixelWork::Greys, 8, false},
+    {DepthCommand::TwoColors, PixelWork::BlackAndWhite, 1, true},
+    {DepthCommand::Colors16, PixelWork::Colors, 4, true},
+    {DepthCommand::Colors256, PixelWork::Colors, 8, true},
+    {DepthCommand::TrueColor, PixelWork::TrueColor, 24, false},
 };
 
 constexpr std::int32_t kBlackAndWhiteWeight = 15;

@@ -52,8 +52,7 @@ void ColourTree::add(const cDIB& DIB, int mostColours) {
         const std::uint8_t* pixel = DIB.hDIB()->row(y);
         for (int x = 0; x < DIB.Width(); ++x, pixel += 4) {
             addPixel(pixel);
-            while (m_colours > mostColours) {
-                if (!mergeOne()) return;
+            while (m_colours > mostColours && mergeOne()) {
             }
         }
     }

@@ -20,7 +20,7 @@ class ColourTree {
     ColourTree(int nLevels, float redWeight, float greenWeight, float blueWeight);
 
     /// Adds the surface's pixels in memory order, and merges after each while there are more colours
-    /// than `mostColours`. Stops where nothing is left to merge.
+    /// than `mostColours` and something is left to merge.
     void add(const cDIB& DIB, int mostColours);
 
     /// The means of the leaves, the most frequent first. Leaves of equal count stand in the order of an

@@ -44,7 +44,7 @@ StoredDiffusion::StoredDiffusion(int width, int height) : m_width(width), m_heig
 }
 
 void StoredDiffusion::spread(int error, int x, int y) {
-    const Shares& shares = m_shares[static_cast<std::size_t>(error + 255)];
+    const Shares& shares = *(m_shares.data() + error + 255);
     if (x < m_width - 2) add(0, x + 1, shares[0]);
     if (x < m_width - 3) add(0, x + 2, shares[1]);
     if (y < m_height - 2) spreadBelow(1, x, &shares[2]);

@@ -126,22 +126,6 @@ TEST(PaletteRecipes, FastOptimalSamplesThePicture) {
     EXPECT_EQ(createFastOptimal016({}), paletteOf("", 16));
 }
 
-TEST(PaletteRecipes, ClosestColorTakesTheLowestIndexOfEquals) {
-    const Palette palette = paletteOf("10 20 20 200.0.0.0 0.0.200.0", 5);
-    EXPECT_EQ(closestColor(palette, 15, 15, 15), 0);
-    EXPECT_EQ(closestColor(palette, 16, 15, 15), 1);
-    EXPECT_EQ(closestColor(palette, 20, 20, 20), 1);
-    EXPECT_EQ(closestColor(palette, 0, 0, 180), 3);
-    EXPECT_EQ(closestColor(palette, 180, 0, 0), 4);
-}
-
-TEST(PaletteRecipes, IsGreyScale) {
-    EXPECT_FALSE(isGreyScale({}));
-    EXPECT_TRUE(isGreyScale(createBlackAndWhite()));
-    EXPECT_TRUE(isGreyScale(paletteOf("7.7.7.9", 1)));
-    for (const char* odd : {"8.7.7.0", "7.8.7.0", "7.7.8.0"}) EXPECT_FALSE(isGreyScale(paletteOf(odd, 2)));
-}
-
 /// A palette colour by colour from numbers of red, and black up to `count`.
 Palette redsOf(const std::vector<std::uint8_t>& values, std::size_t count) {
     Palette palette = paletteOf("", count);
@@ -331,36 +315,6 @@ TEST(BlackAndWhiteRecipe, SpreadsByTheKernelWithinItsLimits) {
     for (const Spread& spread : atBorders) checkSpread(spread, 248, weight10);
 }
 
-TEST(PaletteReducers, SpreadSixteenthsWithinTheBorders) {
-    const auto toGreys = [](Picture& D, IndexMap& map, EventLog& log) {
-        ditherToGreyPalette(D, map, createBlackAndWhite(), true, log);
-    };
-    const auto toColors = [](Picture& D, IndexMap& map, EventLog& log) {
-        ditherToColorPalette(D, map, createBlackAndWhite(), true, log);
-    };
-    // The errors are 127 and -127.
-    for (const int source : {127, 128}) {
-        for (const Spread& spread : {Spread{0, 0, source, "0 55 0 | 39 7 0 | 0 0 0"},
-                                     Spread{1, 0, source, "0 0 55 | 23 39 7 | 0 0 0"},
-                                     Spread{2, 1, source, "0 0 0 | 0 0 0 | 0 23 39"},
-                                     Spread{1, 2, source, "0 0 0 | 0 0 0 | 0 0 55"}}) {
-            checkSpread(spread, 128, toGreys);
-            checkSpread(spread, 128, toColors);
-        }
-    }
-}
-
-TEST(BlackAndWhiteRecipe, DivisionByZeroStopsAtTheFirstPixel) {
-    const Picture before = picture("1 200 | 30 40");
-    Picture D = before;
-    IndexMap map;
-    EventLog log;
-    EXPECT_EQ(errorOf([&] { ditherToBlackAndWhite(D, map, 0, log); }), 11);
-    EXPECT_EQ(firstDifference(before, D), "");
-    EXPECT_EQ(hexOf(map), "0000000000000000");
-    EXPECT_EQ(log.toString(), "0 1");
-}
-
 TEST(GreyRecipe, WorkedExamples) {
     const auto to = [](const Palette& Pal, bool Diffuse) {
         return [Pal, Diffuse](Picture& D, IndexMap& map, EventLog& log) {
@@ -406,129 +360,6 @@ TEST(ColorRecipe, WorkedExamples) {
         {"256, each channel by itself", to(createGreys256(), true), "0.255.0.1 | 30.100.30.1",
          "85.85.85.0 | 51.51.51.0", "5500000033000000", "0 1 end"},
     });
-}
-
-TEST(PaletteReducers, RefuseAPaletteOfAnotherSize) {
-    for (const std::size_t count : {0, 1, 3, 17, 255}) {
-        const Palette Pal = paletteOf("", count);
-        const Picture before = picture("1 2");
-        Picture D = before;
-        IndexMap map;
-        EventLog log;
-        EXPECT_EQ(errorOf([&] { ditherToGreyPalette(D, map, Pal, true, log); }), 9) << count;
-        EXPECT_EQ(errorOf([&] { ditherToColorPalette(D, map, Pal, true, log); }), 9) << count;
-        EXPECT_EQ(firstDifference(before, D), "");
-        EXPECT_EQ(map, IndexMap());
-        EXPECT_TRUE(log.isEmpty());
-    }
-}
-
-TEST(TrueColorRecipe, RaisesOneEventMoreThanRows) {
-    EventLog log;
-    ditherToTrueColor({}, log);
-    EXPECT_EQ(log.toString(), "");
-    ditherToTrueColor(picture("1 | 2 | 3"), log);
-    EXPECT_EQ(log.toString(), "0 1 2 3 end");
-}
-
-TEST(CountColorsRecipe, StopsAtTheLimitOfPairs) {
-    EXPECT_EQ(countColors({}), 0);
-    EXPECT_EQ(countColors(picture("1.2.3.0 1.2.3.9 | 1.3.3.0 2.2.3.0")), 3);
-
-    // 151 rows hold 32,767 pairs of red and blue. The row behind them is black.
-    Picture D(217, 152);
-    for (int y = 0; y < 151; ++y) {
-        for (int x = 0; x < 217; ++x) {
-            D.at(x, y) = {static_cast<std::uint8_t>(x), 0, static_cast<std::uint8_t>(y), 0};
-        }
-    }
-    EXPECT_EQ(countColors(D), 32767);
-    D.at(0, 151) = {0, 1, 0, 0};
-    EXPECT_EQ(countColors(D), 32768);
-    D.at(1, 151) = {255, 0, 255, 0};
-    D.at(2, 151) = {0, 2, 0, 0};
-    EXPECT_EQ(countColors(D), 32768);
-}
-
-TEST(DepthCommandRecipe, WorkedExamples) {
-    const Palette none;
-    const Palette ega = createEGA();
-    const char* const flat = "100 100 100 100 100 100";
-    const char* const flatAfter = "255 0 255 0 255 255";
-    const char* const dark = "8 9";
-    const char* const light = "0 255 255 255";
-    const char* const lightAfter = "0.0.0.0 255.255.255.0 255.255.255.0 255.255.255.0";
-    struct Example {
-        std::int32_t index;
-        Palette before;
-        const char* picture;
-        int bpp;
-        Palette after;
-        const char* reduced;
-        const char* map;
-        const char* log;
-    };
-    const std::vector<Example> examples = {
-        {0, ega, flat, 1, createBlackAndWhite(), flatAfter, "AC000000", "0 1 end"},
-        {1, ega, dark, 4, createGreys016(), "0 17", "01000000", "0 end"},
-        {2, ega, dark, 8, createGreys256(), dark, "08090000", "0 end"},
-        {3, ega, dark, 24, ega, dark, "", ""},
-        {4, ega, flat, 1, createBlackAndWhite(), flatAfter, "AC000000", "0 1 end"},
-        // A grey palette stays one: 8 counts as 0 and makes 12 of 9, which counts as 17.
-        {5, createBlackAndWhite(), dark, 4, createGreys016(), "0.0.0.0 17.17.17.0", "01000000", "0 end"},
-        {6, createGreys016(), dark, 8, createGreys256(), "0.0.0.0 17.17.17.0", "00110000", "0 end"},
-        {5, none, light, 4, paletteOf("255.255.255.0", 16), lightAfter, "10000000", "0 end"},
-        {6, ega, light, 8, paletteOf("255.255.255.0", 256), lightAfter, "01000000", "0 end"},
-        {7, ega, dark, 24, ega, dark, "", ""},
-        {8, ega, dark, 24, none, dark, "", "0 1 end"},
-        {9, ega, dark, 24, ega, dark, "", ""},
-        {-1, ega, dark, 24, ega, dark, "", ""},
-        {0, ega, "", 1, createBlackAndWhite(), "", "", ""},
-        {8, ega, "", 24, none, "", "", ""},
-    };
-    for (const Example& example : examples) {
-        SCOPED_TRACE(example.index);
-        Document document{picture(example.picture), example.before, {}, 24};
-        EventLog log;
-        depthCommand(document, example.index, log);
-        EXPECT_EQ(document.BPP, example.bpp);
-        EXPECT_EQ(document.palette, example.after);
-        EXPECT_EQ(firstDifference(picture(example.reduced), document.picture), "");
-        EXPECT_EQ(hexOf(document.map), example.map);
-        EXPECT_EQ(log.toString(), example.log);
-    }
-}
-
-TEST(DepthCommandRecipe, FitsThePaletteToASmallCopy) {
-    const auto sample = [](int width, int height) {
-        const test::PictureSize size = paletteSampleSize(width, height);
-        return std::to_string(size.width) + "x" + std::to_string(size.height);
-    };
-    EXPECT_EQ(sample(150, 150), "150x150");
-    EXPECT_EQ(sample(151, 150), "150x149");
-    EXPECT_EQ(sample(640, 480), "150x112");
-    EXPECT_EQ(sample(300, 203), "150x102");
-    EXPECT_EQ(sample(480, 640), "112x150");
-    EXPECT_EQ(sample(300, 300), "150x150");
-    EXPECT_EQ(sample(300, 1), "150x0");
-
-    const auto paletteFor = [](const Picture& D, std::int32_t index) {
-        Document document{D, {}, {}, 24};
-        EventLog log;
-        depthCommand(document, index, log);
-        return document.palette;
-    };
-    // The copy is 150 x 1: the even columns of the upper line.
-    Picture D(300, 2, {0, 255, 0, 0});
-    for (int x = 0; x < 300; x += 2) D.at(x, 1) = {0, 0, 255, 0};
-    EXPECT_EQ(paletteFor(D, 5), redsOf({255}, 16));
-    EXPECT_EQ(paletteFor(D, 6), redsOf({255}, 256));
-
-    // Weighted, red 201 and 202 are 72.4 and 72.7, green 87.6 and 88.1, blue 194 and 195 66.2 and 66.5.
-    EXPECT_EQ(paletteFor(reds({201, 202}), 5), redsOf({202}, 16));
-    EXPECT_EQ(paletteFor(reds({201, 202, 202}), 6), redsOf({202, 201}, 256));
-    EXPECT_EQ(paletteFor(picture("0.201.0.0 0.202.0.0 0.202.0.0"), 5), paletteOf("0.202.0.0 0.201.0.0", 16));
-    EXPECT_EQ(paletteFor(picture("194.0.0.0 195.0.0.0"), 5), paletteOf("194.0.0.0", 16));
 }
 
 }  // namespace

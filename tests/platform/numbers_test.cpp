@@ -101,7 +101,7 @@ TEST(RandomSource, IsUniformBelowOne) {
         ++counts[static_cast<std::size_t>(value * 16)];
     }
     // 12,500 are expected in each sixteenth, with a deviation of 108.
-    for (const int count : counts) EXPECT_NEAR(count, kDraws / 16, 600);
+    for (const int count : counts) EXPECT_NEAR(count, kDraws / 16.0, 600);
 }
 
 }  // namespace

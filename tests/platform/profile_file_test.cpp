@@ -153,7 +153,7 @@ TEST(ProfileEncodings, areKeptByAWrite) {
         const std::string file = utf16File(littleEndian);
         const std::string e = littleEndian ? "\xE9\0"s : "\0\xE9"s;
         const std::string lineEnd = littleEndian ? "\r\0\n\0"s : "\0\r\0\n"s;
-        const std::string expected = file.substr(0, file.size() - 6) + e + lineEnd;
+        const std::string expected = file.substr(0, file.size() - 6).append(e).append(lineEnd);
         EXPECT_EQ(profileWithValue(file, "S", "k", "\xC3\xA9"), expected);
         EXPECT_EQ(profileWithValue(file, "S", "k", "1"), file);
         for (const char* const noUtf8 : {"\xE9", "\xC0\x80", "\xED\xA0\xBD\xED\xB8\x80", "\xF4\x90\x80\x80",

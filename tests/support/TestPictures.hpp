@@ -46,7 +46,7 @@ struct Picture {
  private:
     std::size_t index(int x, int y) const {
         if (x < 0 || y < 0 || x >= width || y >= height) throw std::out_of_range("off the picture");
-        return static_cast<std::size_t>(y * width + x);
+        return static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x);
     }
 };
 
