@@ -29,6 +29,10 @@ class cDIBSave {
     /// The same into a file that nobody else can read and that no link leads to.
     void Save_Private_BMP(const std::string& sFilename, const cDIB& DIB, const cDIBPal& Pal,
                           const cDIBDither* Dither, std::uint8_t bpp) const;
+
+    /// The same into a file that is open, which is left open. Errors 9 and 91 come before the first byte.
+    void Write_BMP(FileWriter& file, const cDIB& DIB, const cDIBPal& Pal, const cDIBDither* Dither,
+                   std::uint8_t bpp) const;
 };
 
 }  // namespace mobrel

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -21,6 +22,7 @@ namespace mobrel {
 namespace {
 
 constexpr std::size_t kPendingBytes = 64 * 1024;
+constexpr int kMostNameTries = 1000;
 
 [[noreturn]] void throwErrno(int errnoValue) {
     throw RuntimeError(errorNumberOf(errnoValue));
@@ -196,6 +198,64 @@ void FileWriter::close() {
     writeAll(closing.get(), m_pending);
     // An interrupted close has closed the descriptor all the same.
     if (::close(closing.release()) != 0 && errno != EINTR) throwErrno(errno);
+}
+
+AsideFile::AsideFile(const std::string& target, mode_t mode) : m_target(target) {
+    static std::atomic<unsigned> counter = static_cast<unsigned>(::getpid()) * 64;
+    // Made from the folder alone, so that it fits wherever the target's own name does.
+    const std::string prefix = target.substr(0, target.rfind('/') + 1) + ".mobrel-";
+    for (int tries = 0; tries < kMostNameTries && !m_file.isOpen(); ++tries) {
+        char digits[8];
+        std::snprintf(digits, sizeof digits, "%06x", counter++ & 0xFFFFFFu);
+        m_name = prefix + digits;
+        m_file.reset(openDescriptor(m_name, O_WRONLY | O_CREAT | O_EXCL, mode));
+        if (!m_file.isOpen() && errno != EEXIST) throwErrno(errno);
+    }
+    if (!m_file.isOpen()) throwErrno(EEXIST);
+}
+
+AsideFile::~AsideFile() {
+    if (!m_name.empty()) ::unlink(m_name.c_str());
+}
+
+void AsideFile::setMode(mode_t mode) {
+    if (::fchmod(m_file.get(), mode) != 0) throwErrno(errno);
+}
+
+void AsideFile::setOwnerIfPossible(uid_t owner, gid_t group) noexcept {
+    // An owner can give a file to a group of his, but not away.
+    if (::fchown(m_file.get(), owner, group) != 0) {
+        [[maybe_unused]] const int groupOnly = ::fchown(m_file.get(), static_cast<uid_t>(-1), group);
+    }
+}
+
+FileWriter AsideFile::writer() const {
+    FileDescriptor copy(::fcntl(m_file.get(), F_DUPFD_CLOEXEC, 0));
+    if (!copy.isOpen()) throwErrno(errno);
+    return FileWriter(std::move(copy));
+}
+
+void AsideFile::sync() {
+    // A file system without such a thing says EINVAL.
+    if (::fdatasync(m_file.get()) != 0 && errno != EINVAL) throwErrno(errno);
+}
+
+void AsideFile::replaceTarget() {
+    if (!isSystemName(m_target)) throwErrno(EINVAL);
+    if (::rename(m_name.c_str(), m_target.c_str()) != 0) throwErrno(errno);
+    m_name.clear();
+}
+
+void AsideFile::takeFreePlace() {
+    if (!isSystemName(m_target)) throwErrno(EINVAL);
+    const int renamed = ::renameat2(AT_FDCWD, m_name.c_str(), AT_FDCWD, m_target.c_str(), RENAME_NOREPLACE);
+    if (renamed == 0) {
+        m_name.clear();
+        return;
+    }
+    // Some file systems cannot do it in one; a second name is refused where there is one, too.
+    if (errno != EINVAL && errno != ENOSYS) throwErrno(errno);
+    if (::link(m_name.c_str(), m_target.c_str()) != 0) throwErrno(errno);
 }
 
 bool fileExists(const std::string& path) noexcept {

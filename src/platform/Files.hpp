@@ -2,6 +2,8 @@
 // Files, folders and the environment, with the platform's error numbers.
 #pragma once
 
+#include <sys/types.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -104,6 +106,44 @@ class FileWriter {
 
     FileDescriptor m_descriptor;
     std::vector<std::uint8_t> m_pending;
+};
+
+/// A new file that shall take the place of another when it is whole: nobody ever sees half of it, and
+/// the other stays as it is when something fails. It lies in the same folder under a hidden name of its
+/// own, and is deleted at the end of its life unless it has taken the place.
+class AsideFile {
+ public:
+    /// Makes the file, empty, with this mode under the process's mask. The target is only named. Throws
+    /// RuntimeError, errorNumberOf the reason, as the other operations do.
+    AsideFile(const std::string& target, mode_t mode);
+    AsideFile(const AsideFile&) = delete;
+    AsideFile& operator=(const AsideFile&) = delete;
+    ~AsideFile();
+
+    void setMode(mode_t mode);
+
+    /// Hands the file over to another owner and group, as far as this process may; what it may not
+    /// stays. To be done before setMode, which it can undo in part.
+    void setOwnerIfPossible(uid_t owner, gid_t group) noexcept;
+
+    /// A writer into the file. Its close() tells of late errors, so it belongs before the operations
+    /// below.
+    FileWriter writer() const;
+
+    /// Waits until the bytes are on the disk.
+    void sync();
+
+    /// Takes the target's place, whether there was a file or not. A symbolic link of that name goes,
+    /// not what it leads to.
+    void replaceTarget();
+
+    /// The same where there is nothing of that name; PathFileAccess where there is.
+    void takeFreePlace();
+
+ private:
+    std::string m_target;
+    std::string m_name;
+    FileDescriptor m_file;
 };
 
 /// True for a file, a folder or anything else of that name; a link counts when its target is there.

@@ -5,10 +5,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <cerrno>
 #include <cstdint>
-#include <cstdio>
 #include <filesystem>
 #include <optional>
 #include <span>
@@ -26,7 +24,6 @@ namespace {
 // Files of settings are small; one beyond all use is not taken into memory.
 constexpr off_t kLargestFile = 64 * 1024 * 1024;
 constexpr int kLongestLinkChain = 40;
-constexpr int kMostNameTries = 1000;
 
 enum class FileState { Absent, Unusable, Present };
 
@@ -71,63 +68,32 @@ std::optional<std::string> withoutLinks(const std::string& path) {
     return std::nullopt;
 }
 
-// A new file beside another, under a name of its own. Deleted at the end of its life, unless it has
-// taken the other's place.
-class AsideFile {
- public:
-    AsideFile(const std::string& target, mode_t mode) : m_target(target) {
-        static std::atomic<unsigned> counter = static_cast<unsigned>(::getpid()) * 64;
-        for (int tries = 0; tries < kMostNameTries && !m_file.isOpen(); ++tries) {
-            char suffix[8];
-            std::snprintf(suffix, sizeof suffix, ".%06x", counter++ & 0xFFFFFFu);
-            m_name = target + suffix;
-            m_file.reset(::open(m_name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
-            if (!m_file.isOpen() && errno != EEXIST) return;
-        }
-        m_exists = m_file.isOpen();
-    }
-    AsideFile(const AsideFile&) = delete;
-    AsideFile& operator=(const AsideFile&) = delete;
-    ~AsideFile() {
-        if (m_exists) deleteFileIfPossible(m_name);
-    }
+void writeText(const AsideFile& aside, std::string_view bytes) {
+    FileWriter writer = aside.writer();
+    writer.write({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
+    writer.close();
+}
 
-    bool setMode(mode_t mode) noexcept { return m_exists && ::fchmod(m_file.get(), mode) == 0; }
-
-    bool write(std::string_view bytes) {
-        return m_exists && skipErrors([&] {
-                   FileWriter writer(std::move(m_file));
-                   writer.write({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
-                   writer.close();
-               });
-    }
-
-    // The rename is what a reader sees, so it sees the old or the new file, whole, even when this
-    // process ends at any point. There is no fsync: it would protect from a loss of power only, and
-    // slow down each of the many short writes of a program that starts another.
-    bool takePlace() noexcept {
-        if (!m_exists || ::rename(m_name.c_str(), m_target.c_str()) != 0) return false;
-        m_exists = false;
-        return true;
-    }
-
- private:
-    std::string m_target;
-    std::string m_name;
-    FileDescriptor m_file;
-    bool m_exists = false;
-};
-
+// The rename is what a reader sees, so it sees the old or the new file, whole, even when this process
+// ends at any point. There is no sync: it would protect from a loss of power only, and slow down each of
+// the many short writes of a program that starts another.
 bool createProfile(const std::string& path, std::string_view bytes) {
-    AsideFile aside(path, 0666);
-    return aside.write(bytes) && aside.takePlace();
+    return skipErrors([&] {
+        AsideFile aside(path, 0666);
+        writeText(aside, bytes);
+        aside.replaceTarget();
+    });
 }
 
 bool replaceProfile(const std::string& path, std::string_view bytes, mode_t mode) {
     // A rename needs no right to write to the file it replaces, but a protected file stays as it is.
     if (::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0) return false;
-    AsideFile aside(path, 0600);
-    return aside.setMode(mode) && aside.write(bytes) && aside.takePlace();
+    return skipErrors([&] {
+        AsideFile aside(path, 0600);
+        aside.setMode(mode);
+        writeText(aside, bytes);
+        aside.replaceTarget();
+    });
 }
 
 // A system call sees a name only up to its first zero byte, which would be another file.

@@ -2,6 +2,7 @@
 include_guard(GLOBAL)
 
 add_library(mobrel-recipes STATIC
+  ${CMAKE_CURRENT_LIST_DIR}/RecipeCall.cpp
   ${CMAKE_CURRENT_LIST_DIR}/TestPictures.cpp
   ${CMAKE_CURRENT_LIST_DIR}/recipes_displace.cpp
   ${CMAKE_CURRENT_LIST_DIR}/recipes_dither.cpp

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+// A picture on its way through the steps.
+#pragma once
+
+#include "imaging/cDIB.hpp"
+#include "imaging/cDIBDither.hpp"
+#include "imaging/cDIBPal.hpp"
+
+namespace mobrel::batch {
+
+struct Document {
+    cDIB surface;
+    /// 1, 4 or 8 where palette and indices are those of the surface's pixels; else 24.
+    int depth = 24;
+    cDIBPal palette;
+    cDIBDither indices;
+
+    /// For a step that makes colours which no palette has.
+    void dropPalette() noexcept {
+        depth = 24;
+        palette.Clear();
+    }
+};
+
+}  // namespace mobrel::batch

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+// The command line.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "programs/batch/StepText.hpp"
+
+namespace mobrel::batch {
+
+struct PictureFormat;
+
+/// A picture of this name comes from standard input and goes to standard output.
+inline constexpr const char* kStandardStream = "-";
+
+enum class Placement {
+    Beside,          ///< to a folder, where nothing of that name may be yet
+    Over,            ///< to a folder, in place of what has that name
+    InPlace,         ///< over the picture itself
+    StandardOutput,  ///< the one picture of a pipe
+};
+
+struct Options {
+    std::vector<Step> steps;
+    std::vector<std::string> pictures;
+    Placement placement = Placement::Beside;
+    /// Set for Beside and Over.
+    std::string folder;
+    const PictureFormat* format = nullptr;
+    /// At least 1.
+    unsigned jobs = 1;
+    std::optional<std::uint64_t> maxPixels;
+    bool stopOnError = false;
+    bool json = false;
+    bool quiet = false;
+};
+
+/// What a run prints on standard output instead of work: --help, --version, --list.
+struct PrintedText {
+    std::string text;
+};
+
+/// Reads the arguments behind the program's name. Names of pictures are what stands behind the first --,
+/// byte for byte. Throws UsageError.
+std::variant<Options, PrintedText> readOptions(const std::vector<std::string>& arguments);
+
+}  // namespace mobrel::batch

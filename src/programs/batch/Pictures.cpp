@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#include "programs/batch/Pictures.hpp"
+
+#include <unistd.h>
+
+#include <chrono>
+#include <exception>
+#include <new>
+
+#include "filters/cDIBFilter.hpp"
+#include "platform/Files.hpp"
+#include "platform/RandomSource.hpp"
+#include "programs/batch/Document.hpp"
+#include "programs/batch/Failure.hpp"
+#include "programs/batch/Formats.hpp"
+#include "programs/batch/Interrupt.hpp"
+#include "programs/batch/PictureFile.hpp"
+#include "programs/batch/TargetFile.hpp"
+#include "programs/batch/Words.hpp"
+
+namespace mobrel::batch {
+
+namespace {
+
+struct Interrupted {};
+
+void stopWhenInterrupted() {
+    if (interrupted()) throw Interrupted();
+}
+
+void readPicture(const Task& task, const Work& work, Document& document) {
+    if (work.placement != Placement::StandardOutput) {
+        return readPictureFile(task.picture, work.maxPixels, document);
+    }
+    FileSource source = FileSource::borrowed(STDIN_FILENO);
+    readDocument(source, work.maxPixels, document);
+}
+
+void applySteps(const Work& work, Document& document) {
+    RandomSource random;
+    cDIBFilter filter(random);
+    filter.Progress.connect([](std::int32_t) { stopWhenInterrupted(); });
+    for (const StepAction& step : work.steps) {
+        stopWhenInterrupted();
+        step(document, filter);
+    }
+    stopWhenInterrupted();
+}
+
+void writeResult(const Task& task, const Work& work, const Document& document) {
+    const auto write = [&](FileWriter& file) { work.format->write(file, document); };
+    switch (work.placement) {
+        case Placement::Beside:
+            return writeBeside(task.target, write);
+        case Placement::Over:
+            return writeOver(task.target, write);
+        case Placement::InPlace:
+            return writeInPlace(task.target, write);
+        case Placement::StandardOutput:
+            return writeToStandardOutput(write);
+    }
+}
+
+void doSteps(const Task& task, const Work& work, Outcome& outcome) {
+    if (!task.refusal.empty()) throw Failure(task.refusal);
+    Document document;
+    if (work.placement == Placement::Beside) checkFree(task.target);
+    readPicture(task, work, document);
+    applySteps(work, document);
+    writeResult(task, work, document);
+    outcome.width = document.surface.Width();
+    outcome.height = document.surface.Height();
+    outcome.depth = document.depth;
+    outcome.status = Status::Done;
+}
+
+StepAction prepareStep(const Step& step) {
+    try {
+        return step.kind->prepare(step.values);
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception& error) {
+        throw UsageError(onOneLine(step.values.file) + ": " + error.what());
+    }
+}
+
+}  // namespace
+
+Work prepareWork(const Options& options) {
+    Work work;
+    for (const Step& step : options.steps) work.steps.push_back(prepareStep(step));
+    work.format = options.format;
+    work.placement = options.placement;
+    work.maxPixels = options.maxPixels;
+    return work;
+}
+
+Outcome doPicture(const Task& task, const Work& work) {
+    using Clock = std::chrono::steady_clock;
+    const Clock::time_point start = Clock::now();
+    Outcome outcome;
+    const auto fail = [&](const char* reason) {
+        outcome.status = Status::Failed;
+        outcome.error = reason;
+    };
+    try {
+        doSteps(task, work, outcome);
+    } catch (const Interrupted&) {
+        outcome.status = Status::NotDone;
+    } catch (const std::bad_alloc&) {
+        fail("not enough memory");
+    } catch (const std::exception& error) {
+        fail(error.what());
+    }
+    outcome.seconds = std::chrono::duration<double>(Clock::now() - start).count();
+    return outcome;
+}
+
+}  // namespace mobrel::batch

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+// Does one picture: reads it, takes it through the steps, puts the result in its place.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "programs/batch/Options.hpp"
+#include "programs/batch/StepKinds.hpp"
+#include "programs/batch/Tasks.hpp"
+
+namespace mobrel::batch {
+
+enum class Status {
+    NotDone,  ///< not begun, or dropped in the middle
+    Done,
+    Failed,
+};
+
+/// What became of a picture. The numbers are those of the result, 0 where there is none.
+struct Outcome {
+    Status status = Status::NotDone;
+    int width = 0;
+    int height = 0;
+    int depth = 0;
+    /// The reason, for a picture that failed.
+    std::string error;
+    double seconds = 0;
+};
+
+/// What all pictures of a run have in common.
+struct Work {
+    std::vector<StepAction> steps;
+    const PictureFormat* format = nullptr;
+    Placement placement = Placement::Beside;
+    std::optional<std::uint64_t> maxPixels;
+};
+
+/// Makes the steps ready to run. Throws UsageError when one names a file that cannot be read.
+Work prepareWork(const Options& options);
+
+/// Does one picture. Reports every failure in the outcome and throws nothing. An interrupt drops the
+/// picture in the middle of a step; a result that is being written is finished. The random numbers are
+/// the same for every picture, so its result depends on nothing but itself and the steps.
+Outcome doPicture(const Task& task, const Work& work);
+
+}  // namespace mobrel::batch

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#include "programs/batch/StepList.hpp"
+
+#include <cstddef>
+#include <string_view>
+
+#include "programs/batch/StepKinds.hpp"
+#include "programs/batch/StepText.hpp"
+#include "programs/batch/Words.hpp"
+
+namespace mobrel::batch {
+
+namespace {
+
+constexpr std::size_t kMeaningColumn = 26;
+
+// The left part filled up to the column of the right one.
+std::string listLine(std::string left, std::string_view right) {
+    left.resize(left.size() < kMeaningColumn ? kMeaningColumn : left.size() + 1, ' ');
+    left += right;
+    left += '\n';
+    return left;
+}
+
+std::string presetOf(const FilterArgument& argument) {
+    if (argument.kind == ArgumentKind::Boolean) return *argument.preset != 0 ? "true" : "false";
+    return decimalOf(*argument.preset);
+}
+
+std::string argumentLine(const FilterArgument& argument) {
+    std::string left = "    " + std::string(argument.name);
+    if (!argument.preset) return listLine(std::move(left), requirementOf(argument) + "; must be given");
+    left += "=" + presetOf(argument);
+    return listLine(std::move(left), requirementOf(argument));
+}
+
+}  // namespace
+
+std::string stepList() {
+    std::string list;
+    for (const StepKind& kind : stepKinds()) {
+        list += listLine(std::string(kind.name), kind.meaning);
+        for (const FilterArgument& argument : kind.arguments) list += argumentLine(argument);
+    }
+    return list;
+}
+
+}  // namespace mobrel::batch

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+// Runs an operation of the catalogue on a plain picture.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "filters/FilterCall.hpp"
+#include "filters/FilterCatalogue.hpp"
+#include "platform/RuntimeError.hpp"
+#include "support/EventLog.hpp"
+#include "support/TestPictures.hpp"
+
+namespace mobrel::test {
+
+/// Arguments as in FilterValues.
+using Values = std::array<double, 5>;
+
+struct Outcome {
+    Picture picture;
+    std::string events;
+    std::optional<ErrorNumber> error;
+};
+
+inline Outcome outcomeOf(const FilterEntry& entry, const Values& values, const Picture& texture,
+                         const Picture& picture) {
+    cDIB textureSurface;
+    toSurface(texture, textureSurface);
+    cDIB surface;
+    toSurface(picture, surface);
+    RandomSource random;
+    cDIBFilter filter(random);
+    EventLog log;
+    log.attach(filter);
+    std::optional<ErrorNumber> error;
+    try {
+        callFilter(entry.slot, filter, surface, {values, &textureSurface});
+    } catch (const RuntimeError& thrown) {
+        error = thrown.number();
+    }
+    return {fromSurface(surface), log.toString(), error};
+}
+
+/// Noise.
+inline Picture textureOf(int width, int height) {
+    return sweepPictures({width, height}).front().picture;
+}
+
+/// The presets, and 0 where there is none.
+inline Values presetsOf(const FilterEntry& entry) {
+    Values values{};
+    std::size_t i = 0;
+    for (const FilterArgument& argument : entry.arguments()) values[i++] = argument.preset.value_or(0);
+    return values;
+}
+
+inline std::string textOf(const FilterEntry& entry, const Values& values) {
+    std::string text(entry.name);
+    for (std::size_t i = 0; i < entry.argumentCount; ++i) text += ' ' + std::to_string(values[i]);
+    return text;
+}
+
+/// All sweep pictures of a few sizes.
+inline std::vector<Picture> lawPictures() {
+    std::vector<Picture> pictures;
+    for (const PictureSize size : {PictureSize{1, 1}, {2, 5}, {4, 4}, {9, 7}}) {
+        for (const auto& named : sweepPictures(size)) pictures.push_back(named.picture);
+    }
+    return pictures;
+}
+
+}  // namespace mobrel::test
