@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include "filters_bench.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "filters/FilterCall.hpp"
+#include "filters/FilterCatalogue.hpp"
+#include "support/EventLog.hpp"
+#include "support/PhotoPicture.hpp"
+#include "support/PictureBench.hpp"
+#include "support/RecipeCall.hpp"
+#include "support/TestPictures.hpp"
+
+namespace mobrel::bench {
+namespace {
+
+/// Values for arguments that have no preset. The colours are frequent ones of the photo.
+struct ChosenValue {
+    std::string_view operation;
+    std::string_view argument;
+    double value;
+};
+constexpr ChosenValue kChosenValues[] = {
+    {"Contrast", "Level", 50},
+    {"ReplaceHS", "ColorFrom", 0x808080},
+    {"ReplaceHS", "ColorTo", 0x2040C0},
+    {"ReplaceHS", "Tolerance", 60},
+    {"ReplaceHS", "HTolerance", 40},
+    {"ReplaceHS", "STolerance", 40},
+    {"ReplaceL", "ColorFrom", 0x808080},
+    {"ReplaceL", "ColorTo", 0x2040C0},
+    {"ReplaceL", "Tolerance", 60},
+    {"ReplaceL", "LTolerance", 10},
+    {"SaltAndPepperRemoval", "Threshold", 40},
+    {"Saturation", "Level", 60},
+    {"Shift", "ColorFrom", 0x808080},
+    {"Shift", "Inc", 60},
+    {"Shift", "Tolerance", 60},
+    {"ShiftRGB", "RInc", 20},
+    {"ShiftRGB", "GInc", -10},
+    {"ShiftRGB", "BInc", 35},
+};
+
+double valueOf(const FilterEntry& entry, const FilterArgument& argument) {
+    if (argument.preset) return *argument.preset;
+    for (const ChosenValue& chosen : kChosenValues) {
+        if (chosen.operation == entry.name && chosen.argument == argument.name) return chosen.value;
+    }
+    throw std::logic_error(std::string(entry.name) + ": no value for " + std::string(argument.name));
+}
+
+FilterValues valuesOf(const FilterEntry& entry, const cDIB& texture) {
+    FilterValues values;
+    std::size_t i = 0;
+    for (const FilterArgument& argument : entry.arguments()) {
+        if (argument.kind == ArgumentKind::Texture) {
+            values.texture = &texture;
+        } else {
+            values.values[i] = valueOf(entry, argument);
+        }
+        ++i;
+    }
+    return values;
+}
+
+void runFilter(int slot, cDIB& picture, const FilterValues& values) {
+    RandomSource random;
+    cDIBFilter filter(random);
+    filter.Progress.connect([](std::int32_t) {});
+    filter.ProgressEnd.connect([] {});
+    callFilter(slot, filter, picture, values);
+}
+
+void runRecipe(std::string_view name, cDIB& picture, const FilterValues& values, const cDIB& texture) {
+    test::Picture plain = test::fromSurface(picture);
+    test::EventLog log;
+    recipes::callRecipe(name, plain, values.values, test::fromSurface(texture), log);
+    test::toSurface(plain, picture);
+}
+
+}  // namespace
+
+std::vector<PictureOperation> filterOperations() {
+    const auto texture = std::make_shared<cDIB>();
+    if (!texture->Create(64, 64, 0)) throw std::runtime_error("no memory for the texture");
+    paintPhoto(*texture);
+    std::vector<PictureOperation> operations;
+    for (const FilterEntry& entry : kFilterCatalogue) {
+        const FilterValues values = valuesOf(entry, *texture);
+        operations.push_back(
+            {"filters", std::string(entry.name),
+             [&entry, values, texture](cDIB& picture) { runFilter(entry.slot, picture, values); },
+             [&entry, values, texture](cDIB& picture) { runRecipe(entry.name, picture, values, *texture); }});
+    }
+    return operations;
+}
+
+}  // namespace mobrel::bench

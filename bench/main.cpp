@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+// Times the operations and prints one table: nanoseconds a pixel, and how many copies of the picture fit
+// into that time. Ends with 1 when an operation gave wrong bytes.
+//
+//     mobrel-bench [--size=WxH]... [--rounds=N] [--benchmark_...] [OPERATION]...
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cstdio>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <vector>
+
+#include "filters_bench.hpp"
+#include "support/PictureBench.hpp"
+#include "support/TableReporter.hpp"
+
+namespace {
+
+using mobrel::bench::PictureOperation;
+using mobrel::bench::Size;
+
+struct Plan {
+    std::vector<Size> sizes;
+    int rounds = 0;
+    std::vector<std::string> names;
+};
+
+constexpr std::string_view kSizeOption = "--size=";
+constexpr std::string_view kRoundsOption = "--rounds=";
+
+std::optional<int> positiveNumber(std::string_view text) {
+    int value = 0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (result.ec != std::errc() || result.ptr != text.data() + text.size() || value < 1) return std::nullopt;
+    return value;
+}
+
+std::optional<Size> sizeOf(std::string_view text) {
+    const std::size_t cross = text.find('x');
+    if (cross == std::string_view::npos) return std::nullopt;
+    const auto width = positiveNumber(text.substr(0, cross));
+    const auto height = positiveNumber(text.substr(cross + 1));
+    if (!width || !height) return std::nullopt;
+    return Size{*width, *height};
+}
+
+/// Nothing when an argument is not understood.
+std::optional<Plan> planOf(int argc, char** argv) {
+    Plan plan;
+    for (int i = 1; i < argc; ++i) {
+        const std::string_view argument = argv[i];
+        if (argument.starts_with(kSizeOption)) {
+            const auto size = sizeOf(argument.substr(kSizeOption.size()));
+            if (!size) return std::nullopt;
+            plan.sizes.push_back(*size);
+        } else if (argument.starts_with(kRoundsOption)) {
+            const auto rounds = positiveNumber(argument.substr(kRoundsOption.size()));
+            if (!rounds) return std::nullopt;
+            plan.rounds = *rounds;
+        } else if (argument.starts_with('-')) {
+            return std::nullopt;
+        } else {
+            plan.names.emplace_back(argument);
+        }
+    }
+    if (plan.sizes.empty()) plan.sizes = {{512, 512}, {1920, 1080}, {4000, 3000}};
+    return plan;
+}
+
+/// The operations of these names, all when there is none. Throws std::invalid_argument for one that does
+/// not exist.
+std::vector<PictureOperation> chosen(std::vector<PictureOperation> all,
+                                     const std::vector<std::string>& names) {
+    if (names.empty()) return all;
+    std::vector<PictureOperation> found;
+    for (const std::string& name : names) {
+        const auto named = [&](const PictureOperation& operation) { return operation.name == name; };
+        const auto at = std::find_if(all.begin(), all.end(), named);
+        if (at == all.end()) throw std::invalid_argument("no operation " + name);
+        found.push_back(*at);
+    }
+    return found;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    const std::optional<Plan> plan = planOf(argc, argv);
+    if (!plan) {
+        std::fputs(
+            "usage: mobrel-bench [--size=WxH]... [--rounds=N] [--benchmark_...] [OPERATION]...\n"
+            "512x512, 1920x1080 and 4000x3000, and every operation, when none is named\n",
+            stderr);
+        return 2;
+    }
+    try {
+        for (const auto& operation : chosen(mobrel::bench::filterOperations(), plan->names)) {
+            for (const Size& size : plan->sizes) addPictureBench(operation, size, plan->rounds);
+        }
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "mobrel-bench: %s\n", error.what());
+        return 2;
+    }
+    mobrel::bench::TableReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    return reporter.rows() == 0 || reporter.errors() > 0 ? 1 : 0;
+}

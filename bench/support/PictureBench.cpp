@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+#include "support/PictureBench.hpp"
+
+#include <algorithm>
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <limits>
+#include <map>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+#include "support/PhotoPicture.hpp"
+
+namespace mobrel::bench {
+namespace {
+
+constexpr std::int64_t kMostPlainPixels = 512 * 512;
+
+std::int64_t pixelsOf(const Size& size) {
+    return std::int64_t{size.width} * size.height;
+}
+
+/// Enough rounds that one of them is not disturbed.
+int roundsFor(const Size& size) {
+    constexpr std::int64_t kPixelsPerRow = 40'000'000;
+    return static_cast<int>(std::clamp<std::int64_t>(kPixelsPerRow / pixelsOf(size), 7, 200));
+}
+
+std::unique_ptr<cDIB> newPicture(const Size& size) {
+    auto picture = std::make_unique<cDIB>();
+    if (!picture->Create(size.width, size.height, 0)) throw std::runtime_error("no memory for a picture");
+    return picture;
+}
+
+/// Painted once for all rows of its size.
+const cDIB& photo(const Size& size) {
+    static std::map<std::pair<int, int>, std::unique_ptr<cDIB>> painted;
+    auto& picture = painted[{size.width, size.height}];
+    if (!picture) {
+        picture = newPicture(size);
+        paintPhoto(*picture);
+    }
+    return *picture;
+}
+
+std::size_t bytesOf(const cDIB& picture) {
+    return static_cast<std::size_t>(picture.Size());
+}
+
+void copyPixels(const cDIB& from, cDIB& to) {
+    std::memcpy(to.DIBitsPtr(), from.DIBitsPtr(), bytesOf(from));
+}
+
+bool hasSamePixels(const cDIB& a, const cDIB& b) {
+    return std::memcmp(a.DIBitsPtr(), b.DIBitsPtr(), bytesOf(a)) == 0;
+}
+
+template <typename Work>
+double secondsOf(Work work) {
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+void measure(benchmark::State& state, const PictureOperation& operation, const Size& size) {
+    const cDIB& source = photo(size);
+    const auto expected = newPicture(size);
+    copyPixels(source, *expected);
+    (pixelsOf(size) <= kMostPlainPixels ? operation.runPlainly : operation.run)(*expected);
+
+    const auto work = newPicture(size);
+    double leastCopy = std::numeric_limits<double>::max();
+    double leastRun = leastCopy;
+    for ([[maybe_unused]] auto round : state) {
+        const double copy = secondsOf([&] { copyPixels(source, *work); });
+        const double run = secondsOf([&] { operation.run(*work); });
+        state.SetIterationTime(run);
+        leastCopy = std::min(leastCopy, copy);
+        leastRun = std::min(leastRun, run);
+        if (hasSamePixels(*work, *expected)) continue;
+        state.SkipWithError("the bytes are wrong");
+        return;
+    }
+    state.counters[kPerPixel] = leastRun * 1e9 / static_cast<double>(pixelsOf(size));
+    state.counters[kPerCopy] = leastRun / leastCopy;
+}
+
+}  // namespace
+
+void addPictureBench(const PictureOperation& operation, const Size& size, int rounds) {
+    const std::string row = operation.group + '/' + operation.name + '/' + size.toString();
+    const auto run = [operation, size](benchmark::State& state) {
+        try {
+            measure(state, operation, size);
+        } catch (const std::exception& error) {
+            state.SkipWithError(error.what());
+        }
+    };
+    benchmark::RegisterBenchmark(row.c_str(), run)
+        ->Iterations(rounds > 0 ? rounds : roundsFor(size))
+        ->UseManualTime();
+}
+
+}  // namespace mobrel::bench
