@@ -19,15 +19,27 @@ import time
 import unittest
 from pathlib import Path
 
+from handoff_folder import copy_program
 from handoff_oracle import despeckled, encoded, noise, palette_file, sepia, written
 
-PROGRAM = os.path.abspath(os.environ["MOBREL_BATCH"])
 DOCUMENT = Path(__file__).resolve().parents[2] / "docs" / "batch.md"
 NOBODY = 65534
 IS_ROOT = os.geteuid() == 0
 AS_NOBODY = {"user": NOBODY, "group": NOBODY, "extra_groups": []} if IS_ROOT else {}
 # What the caller ignores would stay ignored.
 SIGNALS = (signal.SIGINT, signal.SIGTERM, signal.SIGHUP)
+
+
+PROGRAM = ""
+
+
+def setUpModule():
+    """The tests run a copy: the build folder may be closed to the user whom some of them become."""
+    global PROGRAM
+    folder = tempfile.mkdtemp(prefix="mobrel-batch-program-")
+    unittest.addModuleCleanup(shutil.rmtree, folder)
+    os.chmod(folder, 0o755)
+    PROGRAM = str(copy_program(os.environ["MOBREL_BATCH"], folder)[0])
 
 
 def negative(picture):

@@ -35,6 +35,12 @@ def clean_environment():
             if name.lower() not in ("tmp", "temp", "tmpdir", "mobrel_folder")}
 
 
+def copy_program(program, folder):
+    """Copies a program and its library to a folder. The copies, the program first."""
+    files = [Path(program), *Path(program).parent.glob("libmobrel-core.so*")]
+    return [Path(shutil.copy(file, folder)) for file in files]
+
+
 class HandOff:
     """One program folder and one temporary folder, removed at the end."""
 
@@ -76,13 +82,10 @@ class HandOff:
                                 env=clean_environment() | named)
 
     def install_program(self, folder):
-        """Copies the program and its library to a folder and runs the copy from now on. Names the files."""
-        source = Path(self.program)
-        files = [source, *source.parent.glob("libmobrel-core.so*")]
-        for file in files:
-            shutil.copy(file, folder)
-        self.program = folder / source.name
-        return [folder / file.name for file in files]
+        """Runs a copy of the program in a folder from now on. Names the files."""
+        copies = copy_program(self.program, folder)
+        self.program = copies[0]
+        return copies
 
     def run(self, **how):
         return finished(self.start(**how))
