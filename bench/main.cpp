@@ -13,8 +13,10 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 #include <vector>
 
+#include "colours_bench.hpp"
 #include "filters_bench.hpp"
 #include "support/PictureBench.hpp"
 #include "support/TableReporter.hpp"
@@ -72,6 +74,12 @@ std::optional<Plan> planOf(int argc, char** argv) {
     return plan;
 }
 
+std::vector<PictureOperation> allOperations() {
+    std::vector<PictureOperation> all = mobrel::bench::filterOperations();
+    for (auto& operation : mobrel::bench::colourOperations()) all.push_back(std::move(operation));
+    return all;
+}
+
 /// The operations of these names, all when there is none. Throws std::invalid_argument for one that does
 /// not exist.
 std::vector<PictureOperation> chosen(std::vector<PictureOperation> all,
@@ -100,7 +108,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     try {
-        for (const auto& operation : chosen(mobrel::bench::filterOperations(), plan->names)) {
+        for (const auto& operation : chosen(allOperations(), plan->names)) {
             for (const Size& size : plan->sizes) addPictureBench(operation, size, plan->rounds);
         }
     } catch (const std::exception& error) {

@@ -25,7 +25,7 @@ constexpr FilterArgument boolean(std::string_view name, bool preset) {
     return {name, ArgumentKind::Boolean, 0, 1, preset ? 1.0 : 0.0, {}};
 }
 constexpr FilterArgument color(std::string_view name) {
-    return {name, ArgumentKind::Color, 0, 0xFFFFFF, {}, {}};
+    return {name, ArgumentKind::Rgb, 0, 0xFFFFFF, {}, {}};
 }
 constexpr FilterArgument texture(std::string_view name) {
     return {name, ArgumentKind::Texture, 0, 0, {}, {}};
@@ -42,8 +42,9 @@ using enum Cadence;
 
 }  // namespace
 
-// Each limit is the last value before a result leaves its 32 bits or its byte, a divisor becomes 0 or a
-// loop does not end.
+// A range ends before a result leaves its 32 bits or its byte, a divisor becomes 0 or a loop does not end.
+// Where that is far away it ends at a round number; where values further out would work again, as they do
+// for Blur from 2150, it stays closed: nobody wants them.
 constexpr std::array<FilterEntry, kFilterCount> kFilterCatalogue = {{
     entry(1, "Blur", "mean of the 3 x 3 pixels around", Spared, EachRow,
           integer("Level", -8421395, 101, 100)),
@@ -51,7 +52,7 @@ constexpr std::array<FilterEntry, kFilterCount> kFilterCatalogue = {{
     entry(3, "Contrast", "contrast about the picture's own mean brightness, in percent", Changed, HalfRows,
           integer("Level", -421075000, 421075000)),
     entry(4, "Colorize", "repaints in one hue and keeps the brightness; sepia unless told otherwise", Changed,
-          EachRow, real("Hue", -1, 5, 0.5), real("Saturation", 0, 1, 0.25), real("Luminosity", 0, 1, 1)),
+          EachRow, real("Hue", -1, 5, 0.5), real("Saturation", -1, 1, 0.25), real("Luminosity", 0, 1, 1)),
     entry(5, "Despeckle", "softens specks", Spared, QuarterRows),
     entry(6, "DespeckleMore", "softens specks more", Spared, QuarterRows),
     entry(7, "Diffuse", "swaps pixels for random ones nearby", Changed, EachStep,

@@ -11,7 +11,7 @@
 
 namespace mobrel {
 
-enum class ArgumentKind { Integer, Float, Boolean, Color, Texture };
+enum class ArgumentKind { Integer, Float, Boolean, Rgb, Texture };
 
 /// One argument of an operation. Values from least to greatest, but for `except`, never end in an error
 /// or an endless loop, on any picture.

@@ -8,6 +8,7 @@
 
 #include "platform/DeviceContext.hpp"
 #include "platform/Event.hpp"
+#include "platform/Numbers.hpp"
 #include "platform/PixelBuffer.hpp"
 #include "platform/StdPicture.hpp"
 
@@ -76,8 +77,10 @@ class Surface {
     const std::uint8_t* DIBitsPtr() const noexcept { return m_section.bits(); }
 
     /// Bytes of all pixels, as the picture's header tells them: 0 for rows that go top-down.
-    int Size() const noexcept { return Order == RowOrder::BottomUp ? m_width * m_height * 4 : 0; }
-    int BytesPerScanLine() const noexcept { return m_width * 4; }
+    int Size() const noexcept {
+        return Order == RowOrder::BottomUp ? wrapMul(BytesPerScanLine(), m_height) : 0;
+    }
+    int BytesPerScanLine() const noexcept { return wrapMul(m_width, 4); }
     int Width() const noexcept { return m_width; }
     int Height() const noexcept { return m_height; }
 

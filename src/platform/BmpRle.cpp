@@ -127,10 +127,9 @@ class RlePen {
 }  // namespace
 
 void checkRleReach(const BmpHeader& header, std::uint64_t codeBytes) {
-    const std::uint64_t columns = (codeBytes + 1) / 2 * kLongest;
-    const std::uint64_t rows = 1 + (codeBytes + 3) / 4 * kLongest;
-    if (static_cast<std::uint64_t>(header.width) > columns ||
-        static_cast<std::uint64_t>(header.height) > rows) {
+    constexpr std::uint64_t kFree = 1 << 20;
+    const auto pixels = static_cast<std::uint64_t>(header.width) * static_cast<std::uint64_t>(header.height);
+    if (pixels > kFree && pixels > (codeBytes + 1) / 2 * kLongest) {
         throw PictureError(std::to_string(codeBytes) + " bytes of run-length codes cannot fill " +
                            std::to_string(header.width) + " x " + std::to_string(header.height) + " pixels");
     }

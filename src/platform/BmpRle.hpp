@@ -10,12 +10,9 @@
 
 namespace mobrel {
 
-/// Throws PictureError when no `codeBytes` bytes of codes can get to the last row and to the last column,
-/// so that the size is a false claim.
-///
-/// The longest way per byte: a run is 2 bytes for up to 255 columns; a delta is 4 bytes for up to 255 rows;
-/// an end of row is 2 bytes for 1 row. Hence at most 255 columns per begun 2 bytes, and, the pen being in
-/// the first row to begin with, 1 row and 255 more per begun 4 bytes.
+/// Throws PictureError for a picture of more than 2^20 pixels that `codeBytes` bytes of codes cannot fill
+/// with the longest runs, 255 pixels in 2 bytes. Codes may pass over pixels in larger steps, but a large
+/// picture made that way would take memory that the file has not paid for.
 void checkRleReach(const BmpHeader& header, std::uint64_t codeBytes);
 
 /// Fills the picture's pixels, which have the header's size and are still zero, and its index map. Pixels

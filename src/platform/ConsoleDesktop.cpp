@@ -19,7 +19,8 @@ class ConsoleWindows final : public Windows {
     }
 
     bool showDialog(std::string_view, int) override {
-        tell("this number opens a dialog, and dialogs are not part of this version yet");
+        tell(
+            "this start needs a dialog (Filter in config.ini), and dialogs are not part of this version yet");
         return false;
     }
 

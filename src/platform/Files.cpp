@@ -290,6 +290,11 @@ std::string joinPath(std::string_view folder, std::string_view name) {
     return path;
 }
 
+std::string folderOf(const std::string& path) {
+    const std::size_t separator = path.rfind('/');
+    return separator == std::string::npos ? "." : path.substr(0, separator + 1);
+}
+
 std::string programFolder() {
     std::string folder;
     if (const char* const set = std::getenv("MOBREL_FOLDER")) folder = set;

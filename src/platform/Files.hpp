@@ -163,6 +163,9 @@ void deleteMatchingFiles(const std::string& folder, const std::string& prefix, i
 /// Folder and name with exactly one separator between them. The empty folder counts as the root.
 std::string joinPath(std::string_view folder, std::string_view name);
 
+/// The folder of a path, with the separator at its end; "." for a bare name.
+std::string folderOf(const std::string& path);
+
 /// The folder of the program's own files: MOBREL_FOLDER of the environment where that is set and not
 /// empty, else the folder of the executable. Without a separator at its end, except for the root.
 std::string programFolder();

@@ -8,6 +8,17 @@
 
 namespace mobrel {
 
+namespace {
+
+// Of a number beyond the range of double: whether it is too small rather than too large.
+bool isBelowOne(std::string_view text) {
+    long double number = 0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
+    return result.ec == std::errc() && number < 1 && number > -1;
+}
+
+}  // namespace
+
 std::optional<double> numberOf(std::string_view text) {
     text = withoutOuterBlanks(text);
     if (text.starts_with('+')) {
@@ -20,8 +31,9 @@ std::optional<double> numberOf(std::string_view text) {
     double number = 0;
     const char* end = text.data() + text.size();
     const auto [stop, error] = std::from_chars(text.data(), end, number);
-    if (error != std::errc() || stop != end) return std::nullopt;
-    return number;
+    if (stop != end) return std::nullopt;
+    if (error == std::errc::result_out_of_range && isBelowOne(text)) return 0;
+    return error == std::errc() ? std::optional(number) : std::nullopt;
 }
 
 std::string textOf(float number) {

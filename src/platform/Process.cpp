@@ -57,6 +57,10 @@ std::int32_t uniqueProcessHandle() {
     return 1'000'000'000 + static_cast<std::int32_t>(getpid() % (1 << 22)) * 256 + salt;
 }
 
+void turnWriteSignalsIntoErrors() {
+    for (const int signal : {SIGPIPE, SIGXFSZ}) std::signal(signal, SIG_IGN);
+}
+
 void deleteOnTermination(const std::string& prefix, int count, const std::string& suffix) {
     const HoldTermination hold;
     g_files.count = 0;

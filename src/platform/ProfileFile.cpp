@@ -30,7 +30,7 @@ enum class FileState { Absent, Unusable, Present };
 struct Contents {
     FileState state = FileState::Unusable;
     std::string bytes;
-    mode_t mode = 0;
+    struct stat status = {};
 };
 
 // What is no regular file is of no use.
@@ -42,11 +42,10 @@ Contents readProfile(const std::string& path) {
         if (errno == ENOENT) contents.state = FileState::Absent;
         return contents;
     }
-    struct stat status = {};
+    struct stat& status = contents.status;
     if (::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode) || status.st_size > kLargestFile) {
         return contents;
     }
-    contents.mode = status.st_mode & 0777;
     contents.bytes.resize(static_cast<std::size_t>(status.st_size));
     const bool complete = skipErrors([&] {
         auto* const bytes = reinterpret_cast<std::uint8_t*>(contents.bytes.data());
@@ -68,8 +67,7 @@ std::optional<std::string> withoutLinks(const std::string& path) {
     return std::nullopt;
 }
 
-void writeText(const AsideFile& aside, std::string_view bytes) {
-    FileWriter writer = aside.writer();
+void writeText(FileWriter writer, std::string_view bytes) {
     writer.write({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
     writer.close();
 }
@@ -80,18 +78,33 @@ void writeText(const AsideFile& aside, std::string_view bytes) {
 bool createProfile(const std::string& path, std::string_view bytes) {
     return skipErrors([&] {
         AsideFile aside(path, 0666);
-        writeText(aside, bytes);
+        writeText(aside.writer(), bytes);
         aside.replaceTarget();
     });
 }
 
-bool replaceProfile(const std::string& path, std::string_view bytes, mode_t mode) {
+bool mayWriteTo(const std::string& path) {
+    return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
+}
+
+// Over the old bytes, in a folder that takes no new file.
+bool overwriteProfile(const std::string& path, std::string_view bytes) {
+    FileDescriptor file(::open(path.c_str(), O_WRONLY | O_CLOEXEC));
+    if (!file.isOpen()) return false;
+    const FileDescriptor kept(::fcntl(file.get(), F_DUPFD_CLOEXEC, 0));
+    return skipErrors([&] { writeText(FileWriter(std::move(file)), bytes); }) &&
+           ::ftruncate(kept.get(), static_cast<off_t>(bytes.size())) == 0;
+}
+
+bool replaceProfile(const std::string& path, std::string_view bytes, const struct stat& old) {
     // A rename needs no right to write to the file it replaces, but a protected file stays as it is.
-    if (::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0) return false;
+    if (!mayWriteTo(path)) return false;
+    if (!mayWriteTo(folderOf(path))) return overwriteProfile(path, bytes);
     return skipErrors([&] {
         AsideFile aside(path, 0600);
-        aside.setMode(mode);
-        writeText(aside, bytes);
+        aside.setOwnerIfPossible(old.st_uid, old.st_gid);
+        aside.setMode(old.st_mode & 0777);
+        writeText(aside.writer(), bytes);
         aside.replaceTarget();
     });
 }
@@ -127,7 +140,7 @@ bool WritePrivateProfileString(std::string_view section, std::string_view key, s
     if (!bytes) return false;
     if (*bytes == old.bytes) return true;
     if (old.state == FileState::Absent) return createProfile(*target, *bytes);
-    return replaceProfile(*target, *bytes, old.mode);
+    return replaceProfile(*target, *bytes, old.status);
 }
 
 }  // namespace mobrel

@@ -70,7 +70,7 @@ std::optional<std::string> fatalErrorOf(Entry&& entry) {
         std::forward<Entry>(entry)();
         return std::nullopt;
     } catch (const RuntimeError& error) {
-        return error.what();
+        return errorText(error.number());  // a subclass may tell more than that
     } catch (const std::bad_alloc&) {
         return errorText(ErrorNumber::OutOfMemory);
     }

@@ -18,22 +18,41 @@ constexpr const char* kSection = "ZV-HARBORLY";
 
 enum class TaskKind { FilterDialog, Depth, Sepia, Despeckle };
 
+enum class Pointer { Normal, Hourglass };
+
 /// What a number asks for. `argument` is the filter id of a dialog, or the index of a depth command.
 struct HostTask {
     int number;
     TaskKind kind;
     int argument;
+    Pointer pointer = Pointer::Hourglass;
 };
 
 constexpr std::array<HostTask, 25> kHostTasks = {{
-    {5, TaskKind::FilterDialog, 10},  {6, TaskKind::FilterDialog, 4},   {7, TaskKind::FilterDialog, 11},
-    {16, TaskKind::FilterDialog, 23}, {8, TaskKind::Depth, 0},          {9, TaskKind::Depth, 1},
-    {10, TaskKind::Depth, 2},         {11, TaskKind::Depth, 4},         {12, TaskKind::Depth, 5},
-    {13, TaskKind::Depth, 7},         {14, TaskKind::Depth, 8},         {15, TaskKind::Sepia, 0},
-    {17, TaskKind::FilterDialog, 3},  {18, TaskKind::FilterDialog, 1},  {19, TaskKind::FilterDialog, 25},
-    {20, TaskKind::FilterDialog, 10}, {21, TaskKind::FilterDialog, 11}, {22, TaskKind::FilterDialog, 5},
-    {23, TaskKind::FilterDialog, 20}, {24, TaskKind::FilterDialog, 8},  {25, TaskKind::FilterDialog, 16},
-    {26, TaskKind::FilterDialog, 14}, {27, TaskKind::FilterDialog, 13}, {28, TaskKind::Despeckle, 0},
+    {5, TaskKind::FilterDialog, 10, Pointer::Normal},
+    {6, TaskKind::FilterDialog, 4, Pointer::Normal},
+    {7, TaskKind::FilterDialog, 11, Pointer::Normal},
+    {16, TaskKind::FilterDialog, 23, Pointer::Normal},
+    {8, TaskKind::Depth, 0},
+    {9, TaskKind::Depth, 1},
+    {10, TaskKind::Depth, 2},
+    {11, TaskKind::Depth, 4},
+    {12, TaskKind::Depth, 5},
+    {13, TaskKind::Depth, 7},
+    {14, TaskKind::Depth, 8},
+    {15, TaskKind::Sepia, 0},
+    {17, TaskKind::FilterDialog, 3},
+    {18, TaskKind::FilterDialog, 1},
+    {19, TaskKind::FilterDialog, 25},
+    {20, TaskKind::FilterDialog, 10},
+    {21, TaskKind::FilterDialog, 11},
+    {22, TaskKind::FilterDialog, 5},
+    {23, TaskKind::FilterDialog, 20},
+    {24, TaskKind::FilterDialog, 8},
+    {25, TaskKind::FilterDialog, 16},
+    {26, TaskKind::FilterDialog, 14},
+    {27, TaskKind::FilterDialog, 13},
+    {28, TaskKind::Despeckle, 0},
     {29, TaskKind::FilterDialog, 2},
 }};
 
@@ -53,20 +72,18 @@ std::optional<HostTask> taskOf(const std::string& filter) {
 void fMain::pvHostStart() {
     const auto task = taskOf(ConfigRead(kSection, "Filter"));
     if (!task) return pvTail();
+    if (task->pointer == Pointer::Hourglass) m_desktop.windows->setHourglass(true);
     switch (task->kind) {
         case TaskKind::FilterDialog:
             if (!m_desktop.windows->showDialog("fFilter", task->argument)) refuseHostTask();
             return;
         case TaskKind::Depth:
-            m_desktop.windows->setHourglass(true);
             skipErrors([&] { mnuColorsz(task->argument); });
             break;
         case TaskKind::Sepia:
-            m_desktop.windows->setHourglass(true);
             skipErrors([&] { mnuColorFilters(2); });
             break;
         case TaskKind::Despeckle:
-            m_desktop.windows->setHourglass(true);
             skipErrors([&] { mnuDefinitions(7); });
             break;
     }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "shell/mINI.hpp"
 
-#include "platform/AsciiText.hpp"
+#include <algorithm>
+
 #include "platform/ProfileFile.hpp"
 #include "shell/mMisc.hpp"
 
@@ -22,8 +23,9 @@ void INIWrite(std::string_view file, std::string_view section, std::string_view 
 std::string INIRead(std::string_view file, std::string_view section, std::string_view key,
                     std::string_view defaultValue) {
     constexpr std::size_t kBufferSize = 260;
-    return std::string(
-        withoutOuterBlanks(GetPrivateProfileString(section, key, defaultValue, kBufferSize, pathOf(file))));
+    std::string value = GetPrivateProfileString(section, key, defaultValue, kBufferSize, pathOf(file));
+    // kept: what follows the value in the buffer shields its trailing spaces from the trim.
+    return value.erase(0, std::min(value.find_first_not_of(' '), value.size()));
 }
 
 std::string ConfigRead(std::string_view section, std::string_view key) {

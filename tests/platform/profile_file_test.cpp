@@ -314,16 +314,20 @@ TEST(WritePrivateProfileString, leavesTheFileAloneWhenTheValueIsThere) {
     EXPECT_NE(before.st_ino, after.st_ino) << "a change comes by a new file";
 }
 
-TEST(WritePrivateProfileString, keepsTheModeAndGivesNewFilesTheUsualOne) {
+constexpr uid_t kNobody = 65534;
+
+TEST(WritePrivateProfileString, keepsTheModeAndOwnerAndGivesNewFilesTheUsualOne) {
     const TemporaryFolder folder;
     const std::string path = folder.write("a.ini", "[S]\na=1\n");
     const mode_t oldMask = ::umask(027);
     for (const mode_t mode : {0600u, 0666u, 0755u}) {
         ASSERT_EQ(::chmod(path.c_str(), mode), 0);
+        ASSERT_TRUE(::geteuid() != 0 || ::chown(path.c_str(), kNobody, kNobody) == 0);
         EXPECT_TRUE(WritePrivateProfileString("S", "a", std::to_string(mode), path));
         struct stat status = {};
         ASSERT_EQ(::stat(path.c_str(), &status), 0);
         EXPECT_EQ(status.st_mode & 07777, mode);
+        EXPECT_TRUE(::geteuid() != 0 || (status.st_uid == kNobody && status.st_gid == kNobody));
     }
     EXPECT_TRUE(WritePrivateProfileString("S", "a", "1", folder.file("new.ini")));
     ::umask(oldMask);
@@ -373,7 +377,7 @@ int statusInChild(const std::function<bool()>& prepare, const std::function<bool
 
 // The superuser may write anywhere, nobody may not.
 bool becomeNobody() {
-    return ::geteuid() != 0 || (::setgid(65534) == 0 && ::setuid(65534) == 0);
+    return ::geteuid() != 0 || (::setgid(kNobody) == 0 && ::setuid(kNobody) == 0);
 }
 
 bool limitFilesTo100Bytes() {
@@ -401,8 +405,10 @@ TEST(WritePrivateProfileString, respectsProtection) {
 
     ASSERT_EQ(::chmod(path.c_str(), 0666), 0);
     ASSERT_EQ(::chmod(folder.path().c_str(), 0555), 0);
-    EXPECT_EQ(statusInChild(becomeNobody, write), 1) << "a folder that cannot be written";
     EXPECT_EQ(statusInChild(becomeNobody, writeSame), 0) << "nothing to write";
+    EXPECT_EQ(statusInChild(becomeNobody, write), 0) << "a folder that takes no new file";
+    EXPECT_EQ(folder.read("a.ini"), "[S]\na=2\n");
+    folder.write("a.ini", "[S]\na=1\n");
     ASSERT_EQ(::chmod(folder.path().c_str(), 0777), 0);
     ASSERT_EQ(::chmod(path.c_str(), 0444), 0);
     EXPECT_EQ(statusInChild(becomeNobody, write), 1) << "a file that cannot be written";

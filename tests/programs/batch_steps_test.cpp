@@ -53,6 +53,7 @@ TEST(StepText, isTakenInAnyOrderAndLetterCase) {
         {"ReplaceL:ColorFrom=#000001,ColorTo=#010000,Tolerance=0,LTolerance=0",
          "ReplaceL",
          {0x010000, 0x000001, 0, 0}},
+        {"depth:mode=COLORS16", "Depth", {3}},
         {"Relieve:Level=100", "Relieve", {100}},
         {"Relieve:Level=102", "Relieve", {102}},
         {"Texturize:file=a, b=c:d.bmp", "Texturize", {0}, "a, b=c:d.bmp"},
@@ -115,6 +116,8 @@ TEST(StepText, isRefusedWithAReason) {
         {"Shift:ColorFrom=#0000000", "ColorFrom must be a colour as #RRGGBB"},
         {"Shift:ColorFrom=#00000g", "ColorFrom must be a colour as #RRGGBB"},
         {"Shift:ColorFrom=#+1+1+1", "ColorFrom must be a colour as #RRGGBB"},
+        {"Depth", "Mode must be given, BlackAndWhite, Greys16, Greys256, Colors16, Colors256 or TrueColor"},
+        {"Depth:Mode=2", "Mode must be BlackAndWhite, Greys16"},
         {"Shift:ColorFrom=red", "ColorFrom must be a colour as #RRGGBB"},
     };
     for (const auto& [text, words] : cases) {
@@ -124,14 +127,13 @@ TEST(StepText, isRefusedWithAReason) {
 }
 
 // The text of a step that gives `value` to one argument and least values to the others.
-std::string textWith(const StepKind& kind, const FilterArgument& argument, double value) {
+std::string textWith(const StepKind& kind, const StepArgument& argument, double value) {
     std::string text(kind.name);
     char separator = ':';
-    for (const FilterArgument& other : kind.arguments) {
-        const bool isColor = other.kind == ArgumentKind::Color;
+    for (const StepArgument& other : kind.arguments) {
         const double number = &other == &argument ? value : other.least;
         text += separator + std::string(other.name) + "=";
-        text += isColor ? "#000000" : std::to_string(static_cast<long long>(number));
+        text += other.kind == ValueKind::Rgb ? "#000000" : std::to_string(static_cast<long long>(number));
         separator = ',';
     }
     return text;
@@ -140,8 +142,8 @@ std::string textWith(const StepKind& kind, const FilterArgument& argument, doubl
 TEST(StepText, takesEveryArgumentToItsLimitsAndNotBeyond) {
     int limited = 0;
     for (const StepKind& kind : stepKinds()) {
-        for (const FilterArgument& argument : kind.arguments) {
-            if (argument.kind == ArgumentKind::Color || argument.kind == ArgumentKind::Texture) continue;
+        for (const StepArgument& argument : kind.arguments) {
+            if (argument.kind >= ValueKind::Rgb) continue;  // these are no ranges of numbers
             ++limited;
             for (const double value : {argument.least, argument.greatest}) {
                 EXPECT_EQ(refusalOf(textWith(kind, argument, value)), "");

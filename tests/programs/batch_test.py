@@ -20,7 +20,7 @@ import unittest
 from pathlib import Path
 
 from handoff_folder import copy_program
-from handoff_oracle import despeckled, encoded, noise, palette_file, sepia, written
+from handoff_oracle import despeckled, encoded, in_greys, noise, palette_file, sepia, written
 
 DOCUMENT = Path(__file__).resolve().parents[2] / "docs" / "batch.md"
 NOBODY = 65534
@@ -125,8 +125,14 @@ class UsageTest(BatchTest):
             ([*to_out, "--frobnicate", "Greys", "--", "a.bmp"], "--frobnicate"),
             ([*to_out, "-f", "xyz", "Greys", "--", "a.bmp"], "xyz cannot be written, only bmp"),
             *[([*to_out, "-j", jobs, "Greys", "--", "a.bmp"], "from 1 to 1024")
-              for jobs in ("0", "-1", "1025", "2x", "99999999999999999999")],
-            ([*to_out, "--max-pixels", "0", "Greys", "--", "a.bmp"], "from 1 to"),
+              for jobs in ("", "0", "-1", "1025", "2x", "99999999999999999999")],
+            *[([*to_out, "--max-pixels", pixels, "Greys", "--", "a.bmp"], "from 1 to") for pixels in ("", "0")],
+            ([*to_out, "-f", "", "Greys", "--", "a.bmp"], "format  cannot be written"),
+            ([*to_out, "[Blur,Greys]", "--", "a.bmp"], "there is no step [Blur,Greys]"),
+            ([*to_out, "--max-pixels", "34", "Texturize:File=a.bmp", "--", "a.bmp"], "7 x 5 pixels are more"),
+            (["--info", "Greys", "--", "a.bmp"], "no step"),
+            (["--info", *to_out, "--", "a.bmp"], "-o"),
+            (["--info"], "no picture"),
             ([*to_out, "Greys", "Blurr", "--", "a.bmp"], "did you mean Blur?"),
             ([*to_out, "Blur:Levle=1", "--", "a.bmp"], "did you mean Level?"),
             ([*to_out, "Greys", "Blur:Level=102", "--", "a.bmp"], "from -8421395 to 101"),
@@ -166,14 +172,15 @@ class UsageTest(BatchTest):
                 texts.append(left)
             elif right.endswith("must be given"):
                 least = re.search(r"number from (\S+)", right)
-                value = least[1] if least else "#000000" if "colour" in right else "palette.bmp"
+                value = (least[1] if least else "#000000" if "colour" in right
+                         else "Greys16" if "Greys16" in right else "palette.bmp")
                 texts[-1] += ("," if ":" in texts[-1] else ":") + left.strip() + "=" + value
-        self.assertEqual(len(texts), 27)
+        self.assertEqual(len(texts), 28)
         for text in texts:
             with self.subTest(text):
                 self.run_batch("-o", "out", "--force", text, "--", "palette.bmp")
                 width, height, _, bits = struct.unpack_from("<iihh", self.read("out/palette.bmp"), 18)
-                self.assertEqual((width, height, bits), (5, 3, 24))
+                self.assertEqual((width, height, bits), (5, 3, 4 if text == "Depth:Mode=Greys16" else 24))
 
     def test_every_line_of_the_document_works(self):
         lines = re.findall(r"^```sh\n(.*?)\n```$", DOCUMENT.read_text(encoding="utf-8"), re.M | re.S)
@@ -210,6 +217,38 @@ class ResultTest(BatchTest):
             with self.subTest(steps):
                 self.run_batch("-o", "out", "--force", *steps, "--", "a.bmp")
                 self.assertEqual(self.read("out/a.bmp"), written(expected))
+
+    def test_depths_last_until_a_filter(self):
+        picture = small()
+        self.leave("a.bmp", written(picture))
+        for steps, bits in ((["Depth:Mode=BlackAndWhite"], 1), (["Depth:Mode=Greys16"], 4),
+                            (["Depth:Mode=Colors256"], 8), (["Depth:Mode=Colors16", "Negative"], 24),
+                            (["Depth:Mode=Colors16", "Depth:Mode=TrueColor"], 24)):
+            with self.subTest(steps):
+                self.run_batch("-o", "out", "--force", *steps, "--", "a.bmp")
+                self.assertEqual(struct.unpack_from("<h", self.read("out/a.bmp"), 28), (bits,))
+        self.run_batch("-o", "out", "--force", "Depth:Mode=Greys256", "--", "a.bmp")
+        self.assertEqual(self.read("out/a.bmp"), in_greys(picture))
+
+    def test_info_tells_of_pictures(self):
+        self.leave("a.bmp", palette_file(4))
+        text = ("a.bmp\n"
+                "    Width:        5 pixels\n"
+                "    Height:       3 pixels\n"
+                "    Color depth:  4 bpp\n"
+                "    Palette:      16 colors\n"
+                "    Colors used:  1\n"
+                "    Bitmap size:  0.1 Kb\n")
+        self.assertEqual(self.run_batch("--info", "--", "a.bmp").stdout.decode(), text)
+        piped = self.run_batch("--info", "--", "-", input=palette_file(4))
+        self.assertEqual(piped.stdout.decode(), text.replace("a.bmp", "-"))
+        lines = self.run_batch("--info", "--json", "--", "a.bmp", "none.bmp", status=1).stdout.splitlines()
+        told, missing = map(json.loads, lines)
+        self.assertEqual(told | {"seconds": 0},
+                         {"file": "a.bmp", "width": 5, "height": 3, "depth": 4, "palette": "16 colors",
+                          "colors_used": 1, "bitmap_bytes": 130, "status": "done", "error": None, "seconds": 0})
+        self.assertEqual((missing["status"], missing["width"]), ("failed", None))
+        self.assertEqual(list(self.files()), [b"a.bmp"])
 
     def test_random_steps_do_not_depend_on_jobs(self):
         picture = written(noise(40, 30, random.Random(2)))
@@ -291,8 +330,8 @@ class FailureTest(BatchTest):
         os.symlink("nowhere", self.root / "link")
         os.symlink("circle", self.root / "circle")
         cases = {"nowhere": "No such file", "link": "No such file", "out": "is a folder", ".": "is a folder",
-                 "text": "not a BMP file", "file.bmp/x": "Not a directory", "fifo": "is no file",
-                 "/dev/null": "is no file", "secret.bmp": "Permission denied", "circle": "Too many levels",
+                 "text": "not a BMP file", "file.bmp/x": "Not a directory", "fifo": "is no regular file",
+                 "/dev/null": "is no regular file", "secret.bmp": "Permission denied", "circle": "Too many levels",
                  "": "No such file", "huge.bmp": "30000 x 20000 pixels are more than 1000", "n" * 300: "too long"}
         for name, words in cases.items():
             with self.subTest(name):
@@ -338,6 +377,14 @@ class FailureTest(BatchTest):
                               ended.stderr.decode())
                 result = "out/a.bmp" if arguments[0] == "-o" else "a.bmp"
                 self.assertEqual(self.read(result), written(negative(small())))
+
+    def test_a_picture_is_no_target_of_another(self):
+        self.leave("a.bmp")
+        self.leave("out/a.bmp")
+        os.symlink("out/a.bmp", self.root / "z.bmp")
+        ended = self.run_batch("-o", "out", "--force", "Negative", "--", "a.bmp", "z.bmp", status=1)
+        self.assertIn("a.bmp: its target is the picture z.bmp\n1 done, 1 failed", ended.stderr.decode())
+        self.assertEqual(self.read("out/z.bmp"), written(negative(small())))
 
     def test_a_full_disk_leaves_everything_as_it_was(self):
         large = written(noise(60, 60, random.Random(3)))
@@ -499,6 +546,17 @@ class InterruptTest(BatchTest):
         _, errors = process.communicate(timeout=100)
         self.assertEqual((process.returncode, errors), (130, b"0 done, 0 failed, 1 not done\n"))
         self.assertEqual(set(self.files()), {b"a.bmp"})
+
+    def test_a_reader_that_waits_holds_up_no_interrupt(self):
+        self.leave("a.bmp")
+        process = self.listening("--info", "--json", "--", *["a.bmp"] * 5000)
+        unread = lambda: struct.unpack("i", fcntl.ioctl(process.stdout, termios.FIONREAD, bytes(4)))[0]
+        wait_for(lambda: unread() > 50_000)
+        process.send_signal(signal.SIGTERM)
+        self.assertEqual(process.wait(timeout=100), 130)
+        self.assertRegex(process.stderr.read(), rb"\A\d+ done, 0 failed, \d+ not done\n\Z")
+        process.stdout.close()
+        process.stderr.close()
 
     def test_a_pipe_that_waits_is_ended(self):
         process = self.listening("Greys", "--", "-", stdin=subprocess.PIPE)

@@ -70,12 +70,11 @@ class HandOff:
             if content is not None:
                 path.write_bytes(content)
 
-    def start(self, arguments=(), as_nobody=False, listening_to=None, **environment):
-        """Starts the program; a keyword with the value None leaves that variable out. A signal may be
-        named that ends the program even where the test's own caller had it ignored."""
+    def start(self, arguments=(), as_nobody=False, prepare=None, **environment):
+        """Starts the program; a keyword with the value None leaves that variable out. `prepare` is called
+        in the new process."""
         variables = {"MOBREL_FOLDER": str(self.folder), "tmp": str(self.temporary)} | environment
         identity = {"user": NOBODY, "group": NOBODY, "extra_groups": []} if as_nobody else {}
-        prepare = listening_to and (lambda: signal.signal(listening_to, signal.SIG_DFL))
         named = {name: value for name, value in variables.items() if value is not None}
         return subprocess.Popen([self.program, *arguments], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                                 stderr=subprocess.PIPE, cwd=self.root, preexec_fn=prepare, **identity,

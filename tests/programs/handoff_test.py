@@ -7,6 +7,7 @@
 import os
 import random
 import re
+import resource
 import signal
 import sys
 import unittest
@@ -33,6 +34,17 @@ def setUpModule():
 
 
 tearDownModule = remove_stray_snapshot
+
+
+def lose_the_reader():
+    """Of standard error."""
+    reader, writer = os.pipe()
+    os.dup2(writer, 2)
+    os.close(reader)
+
+
+def limit_files():
+    resource.setrlimit(resource.RLIMIT_FSIZE, (100 * 1024, 100 * 1024))
 
 
 def small_noise():
@@ -248,15 +260,26 @@ class FolderTest(HandOffTest):
             self.assertIn(LOAD_MESSAGE, ended.errors)
             self.assertFalse((host.root / "nowhere").exists())
 
+    def test_what_cannot_be_written_does_not_end_the_run(self):
+        """Neither messages without a reader nor a limit on the size of files."""
+        picture = encoded(noise(300, 200, random.Random(5)))
+        for prepare, left in ((lose_the_reader, None), (limit_files, picture)):
+            with self.subTest(prepare.__name__), HandOff(PROGRAM) as host:
+                host.leave(config_of(15), left)
+                ended = host.run(prepare=prepare)
+                self.assertEqual(ended.status, 0)
+                self.assertEqual(host.win_state(), b"1")
+                self.assertEqual(host.snapshots(), [])
+
     def test_a_folder_that_cannot_be_written(self):
-        """The flag is lost. The picture is written in place where the file itself allows it, and a
-        longer old file keeps its tail then."""
+        """Both files are written in place where they allow it; a longer old picture keeps its tail then."""
         picture = small_noise()
         original = encoded(picture, tail=b"tail")
         for mode, expected in ((0o444, original), (0o666, written(sepia(picture)) + b"tail")):
             with self.subTest(mode=oct(mode)), HandOff(PROGRAM) as host:
                 host.leave(config_of(15), original)
                 host.picture.chmod(mode)
+                host.config.chmod(mode)
                 inode = host.picture.stat().st_ino
                 host.install_program(host.root)  # the build folder may be closed to others
                 host.folder.chmod(0o555)
@@ -264,7 +287,7 @@ class FolderTest(HandOffTest):
                 self.assertEqual(ended.status, 0)
                 self.assertEqual(host.picture.read_bytes(), expected)
                 self.assertEqual(host.picture.stat().st_ino, inode)
-                self.assertEqual(host.config.read_bytes(), config_of(15))
+                self.assertEqual(host.win_state(), b"1" if mode == 0o666 else None)
                 self.assertEqual(host.entries(), ["config.ini", "temp.bmp"])
                 self.assertEqual(host.snapshots(), [])
 
@@ -362,7 +385,7 @@ class SnapshotTest(HandOffTest):
         for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
             with self.subTest(number), HandOff(PROGRAM) as host, FolderWatch(host.temporary) as watch:
                 host.leave(config_of(15), original)
-                process = host.start(listening_to=number)
+                process = host.start(prepare=lambda: signal.signal(number, signal.SIG_DFL))
                 made = watch.made(wait=100)
                 self.assertEqual(len(made), 1)
                 self.assertEqual((host.temporary / made[0][1]).stat().st_mode & 0o777, 0o600)

@@ -36,7 +36,7 @@ const char* nameOf(ArgumentKind kind) {
             return "float";
         case ArgumentKind::Boolean:
             return "boolean";
-        case ArgumentKind::Color:
+        case ArgumentKind::Rgb:
             return "colour";
         case ArgumentKind::Texture:
             break;

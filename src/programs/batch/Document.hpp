@@ -2,6 +2,8 @@
 // A picture on its way through the steps.
 #pragma once
 
+#include <cstdint>
+
 #include "imaging/cDIB.hpp"
 #include "imaging/cDIBDither.hpp"
 #include "imaging/cDIBPal.hpp"
@@ -11,7 +13,7 @@ namespace mobrel::batch {
 struct Document {
     cDIB surface;
     /// 1, 4 or 8 where palette and indices are those of the surface's pixels; else 24.
-    int depth = 24;
+    std::uint8_t depth = 24;
     cDIBPal palette;
     cDIBDither indices;
 

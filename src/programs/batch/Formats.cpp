@@ -34,8 +34,7 @@ PictureSize bmpSize(ByteSource& source) {
 }
 
 void writeBmp(FileWriter& file, const Document& document) {
-    const auto bits = static_cast<std::uint8_t>(document.depth);
-    cDIBSave().Write_BMP(file, document.surface, document.palette, &document.indices, bits);
+    cDIBSave().Write_BMP(file, document.surface, document.palette, &document.indices, document.depth);
 }
 
 constexpr std::array<PictureFormat, 1> kFormats = {{{"bmp", kBmpExtensions, bmpSize, readBmp, writeBmp}}};
@@ -96,8 +95,8 @@ void checkSize(PictureSize size, std::uint64_t maxPixels) {
 
 void readWhole(const PictureFormat& format, ByteSource& source, Document& document) {
     auto picture = std::make_unique<StdPicture>(format.read(source));
-    document.depth =
-        document.surface.CreateFromStdPicture(std::move(picture), document.palette, &document.indices);
+    document.depth = static_cast<std::uint8_t>(
+        document.surface.CreateFromStdPicture(std::move(picture), document.palette, &document.indices));
 }
 
 }  // namespace

@@ -8,6 +8,8 @@
 #include <csignal>
 #include <cstring>
 
+#include "platform/Process.hpp"
+
 namespace mobrel::batch {
 
 namespace {
@@ -39,7 +41,7 @@ void listen(int signal) {
 
 void listenForSignals() {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) listen(signal);
-    for (const int signal : {SIGPIPE, SIGXFSZ}) std::signal(signal, SIG_IGN);
+    turnWriteSignalsIntoErrors();
 }
 
 bool interrupted() noexcept {

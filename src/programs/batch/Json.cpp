@@ -72,6 +72,12 @@ std::string_view statusText(Status status) {
     return "not done";
 }
 
+std::string infoFields(const PictureInfo& info) {
+    return ",\"palette\":" + jsonString(info.palette) +
+           ",\"colors_used\":" + std::to_string(info.colorsUsed) +
+           ",\"bitmap_bytes\":" + std::to_string(info.bitmapBytes);
+}
+
 std::string numberOrNull(int number) {
     return number > 0 ? std::to_string(number) : "null";
 }
@@ -101,10 +107,11 @@ std::string jsonString(std::string_view text) {
 
 std::string jsonLine(const Task& task, const Outcome& outcome) {
     std::string line = "{\"file\":" + jsonString(task.picture);
-    line += ",\"target\":" + jsonString(task.target);
+    if (!task.target.empty()) line += ",\"target\":" + jsonString(task.target);
     line += ",\"width\":" + numberOrNull(outcome.width);
     line += ",\"height\":" + numberOrNull(outcome.height);
     line += ",\"depth\":" + numberOrNull(outcome.depth);
+    if (outcome.info) line += infoFields(*outcome.info);
     line += ",\"status\":" + jsonString(statusText(outcome.status));
     line += ",\"error\":" + (outcome.error.empty() ? std::string("null") : jsonString(outcome.error));
     line += ",\"seconds\":" + secondsText(outcome.seconds) + "}";

@@ -34,21 +34,23 @@ constexpr const char* kFooter =
 struct Written {
     Texts steps;
     std::string folder;
-    std::string format;
-    std::string jobs;
-    std::string maxPixels;
+    std::optional<std::string> format;
+    std::optional<std::string> jobs;
+    std::optional<std::string> maxPixels;
     bool inPlace = false;
     bool force = false;
     bool stopOnError = false;
     bool json = false;
     bool quiet = false;
     bool list = false;
+    bool info = false;
 };
 
 class HelpFormatter : public CLI::Formatter {
  public:
     std::string make_usage(const CLI::App*, std::string name) const override {
-        return "Usage: " + name + " [OPTION]... STEP... -- PICTURE...\n" + kAbout;
+        return "Usage: " + name + " [OPTION]... STEP... -- PICTURE...\n       " + name +
+               " --info [OPTION]... -- PICTURE...\n" + kAbout;
     }
     // The usage line tells them.
     std::string make_positionals(const CLI::App*) const override { return {}; }
@@ -59,7 +61,7 @@ void declareOptions(CLI::App& app, Written& written) {
     app.footer(kFooter);
     app.set_help_flag("-h,--help", "Print this and exit");
     app.set_version_flag("--version", "mobrel-batch " MOBREL_VERSION, "Print the version and exit");
-    app.add_option("STEP", written.steps);
+    app.allow_extras();  // the steps, as they stand: an option of several texts takes brackets for a list
     app.add_option("-o,--output", written.folder, "Put the results into a folder, under the pictures' names")
         ->type_name("DIR");
     app.add_flag("--in-place", written.inPlace, "Put each result in the place of its picture");
@@ -73,7 +75,16 @@ void declareOptions(CLI::App& app, Written& written) {
         ->type_name("N");
     app.add_flag("--json", written.json, "Tell of each picture in a line of JSON on standard output");
     app.add_flag("--quiet", written.quiet, "No progress and no count at the end");
+    app.add_flag("--info", written.info, "Do no step: tell size, depth and colours of each picture");
     app.add_flag("--list", written.list, "Print all steps with their arguments and exit");
+}
+
+Texts stepsOf(const CLI::App& app) {
+    Texts steps = app.remaining();
+    for (const std::string& text : steps) {
+        if (text.starts_with('-')) throw UsageError("there is no option " + onOneLine(text));
+    }
+    return steps;
 }
 
 std::uint64_t countOf(const std::string& text, const char* option, std::uint64_t most) {
@@ -86,16 +97,16 @@ std::uint64_t countOf(const std::string& text, const char* option, std::uint64_t
     return count;
 }
 
-unsigned jobsOf(const std::string& written) {
-    if (!written.empty()) return static_cast<unsigned>(countOf(written, "--jobs", kMostJobs));
+unsigned jobsOf(const std::optional<std::string>& written) {
+    if (written) return static_cast<unsigned>(countOf(*written, "--jobs", kMostJobs));
     return std::max(1U, std::thread::hardware_concurrency());
 }
 
-const PictureFormat& formatOf(const std::string& written) {
-    if (written.empty()) return pictureFormats().front();
-    const PictureFormat* const format = formatNamed(written);
+const PictureFormat& formatOf(const std::optional<std::string>& written) {
+    if (!written) return pictureFormats().front();
+    const PictureFormat* const format = formatNamed(*written);
     if (format == nullptr) {
-        throw UsageError("format " + onOneLine(written) + " cannot be written, only " + formatNames());
+        throw UsageError("format " + onOneLine(*written) + " cannot be written, only " + formatNames());
     }
     return *format;
 }
@@ -106,17 +117,30 @@ void checkFolder(const std::string& folder) {
     throw UsageError(onOneLine(folder) + " is no folder to put results into");
 }
 
-void checkPipe(const Written& written, const Texts& pictures) {
-    if (pictures.size() > 1) throw UsageError("with - as a picture there can be no other");
+void checkPipe(const Written& written) {
     if (!written.folder.empty() || written.inPlace) {
         throw UsageError("- goes to standard output, not to -o or --in-place");
     }
     if (written.json) throw UsageError("with - standard output is for the picture, not for --json");
 }
 
-Placement placementOf(const Written& written, const Texts& pictures) {
-    if (std::ranges::find(pictures, kStandardStream) != pictures.end()) {
-        checkPipe(written, pictures);
+void checkInfo(const Written& written) {
+    if (!written.steps.empty()) throw UsageError("with --info there can be no step");
+    if (!written.folder.empty() || written.inPlace || written.format) {
+        throw UsageError("--info has no results for -o, --in-place or -f");
+    }
+}
+
+bool readsStandardInput(const Texts& pictures) {
+    const bool reads = std::ranges::find(pictures, kStandardStream) != pictures.end();
+    if (reads && pictures.size() > 1) throw UsageError("with - as a picture there can be no other");
+    return reads;
+}
+
+Placement placementOf(const Written& written, bool fromStandardInput) {
+    if (written.info) return Placement::Nowhere;
+    if (fromStandardInput) {
+        checkPipe(written);
         return Placement::StandardOutput;
     }
     if (written.inPlace && !written.folder.empty()) {
@@ -129,17 +153,22 @@ Placement placementOf(const Written& written, const Texts& pictures) {
 }
 
 Options optionsOf(const Written& written, Texts pictures) {
-    if (written.steps.empty()) throw UsageError("no step given (--list shows all)");
+    if (written.info) {
+        checkInfo(written);
+    } else if (written.steps.empty()) {
+        throw UsageError("no step given (--list shows all)");
+    }
     if (pictures.empty()) throw UsageError("no picture given; pictures stand behind --");
     Options options;
     for (const std::string& text : written.steps) options.steps.push_back(parseStep(text));
-    options.placement = placementOf(written, pictures);
+    options.fromStandardInput = readsStandardInput(pictures);
+    options.placement = placementOf(written, options.fromStandardInput);
     options.pictures = std::move(pictures);
     options.folder = written.folder;
     options.format = &formatOf(written.format);
     options.jobs = jobsOf(written.jobs);
-    if (!written.maxPixels.empty()) {
-        options.maxPixels = countOf(written.maxPixels, "--max-pixels", std::uint64_t{1} << 32);
+    if (written.maxPixels) {
+        options.maxPixels = countOf(*written.maxPixels, "--max-pixels", std::uint64_t{1} << 32);
     }
     options.stopOnError = written.stopOnError;
     options.json = written.json;
@@ -172,6 +201,7 @@ std::variant<Options, PrintedText> readOptions(const std::vector<std::string>& a
     } catch (const CLI::ParseError& error) {
         throw UsageError(firstLine(error.what()) + " (--help tells more)");
     }
+    written.steps = stepsOf(app);
     if (written.list) return PrintedText{stepList()};
     return optionsOf(written, std::move(pictures));
 }

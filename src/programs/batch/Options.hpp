@@ -14,7 +14,7 @@ namespace mobrel::batch {
 
 struct PictureFormat;
 
-/// A picture of this name comes from standard input and goes to standard output.
+/// A picture of this name comes from standard input; its result goes to standard output.
 inline constexpr const char* kStandardStream = "-";
 
 enum class Placement {
@@ -22,11 +22,14 @@ enum class Placement {
     Over,            ///< to a folder, in place of what has that name
     InPlace,         ///< over the picture itself
     StandardOutput,  ///< the one picture of a pipe
+    Nowhere,         ///< no result: the picture is only looked at
 };
 
 struct Options {
     std::vector<Step> steps;
     std::vector<std::string> pictures;
+    /// The one picture is kStandardStream.
+    bool fromStandardInput = false;
     Placement placement = Placement::Beside;
     /// Set for Beside and Over.
     std::string folder;

@@ -23,7 +23,7 @@ FileDescriptor openPicture(const std::string& path) {
         throw Failure(std::generic_category().message(errno));
     }
     if (S_ISDIR(status.st_mode)) throw Failure("is a folder");
-    if (!S_ISREG(status.st_mode)) throw Failure("is no file (a pipe is read as -)");
+    if (!S_ISREG(status.st_mode)) throw Failure("is no regular file");
     return file;
 }
 

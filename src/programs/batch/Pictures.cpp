@@ -29,7 +29,7 @@ void stopWhenInterrupted() {
 }
 
 void readPicture(const Task& task, const Work& work, Document& document) {
-    if (work.placement != Placement::StandardOutput) {
+    if (task.picture != kStandardStream) {
         return readPictureFile(task.picture, work.maxPixels, document);
     }
     FileSource source = FileSource::borrowed(STDIN_FILENO);
@@ -40,6 +40,7 @@ void applySteps(const Work& work, Document& document) {
     RandomSource random;
     cDIBFilter filter(random);
     filter.Progress.connect([](std::int32_t) { stopWhenInterrupted(); });
+    document.indices.Progress.connect([](std::int32_t) { stopWhenInterrupted(); });
     for (const StepAction& step : work.steps) {
         stopWhenInterrupted();
         step(document, filter);
@@ -58,6 +59,8 @@ void writeResult(const Task& task, const Work& work, const Document& document) {
             return writeInPlace(task.target, write);
         case Placement::StandardOutput:
             return writeToStandardOutput(write);
+        case Placement::Nowhere:
+            return;
     }
 }
 
@@ -68,15 +71,16 @@ void doSteps(const Task& task, const Work& work, Outcome& outcome) {
     readPicture(task, work, document);
     applySteps(work, document);
     writeResult(task, work, document);
+    if (work.placement == Placement::Nowhere) outcome.info = infoOf(document);
     outcome.width = document.surface.Width();
     outcome.height = document.surface.Height();
     outcome.depth = document.depth;
     outcome.status = Status::Done;
 }
 
-StepAction prepareStep(const Step& step) {
+StepAction prepareStep(const Step& step, std::optional<std::uint64_t> maxPixels) {
     try {
-        return step.kind->prepare(step.values);
+        return step.kind->prepare(step.values, maxPixels);
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const std::exception& error) {
@@ -88,7 +92,10 @@ StepAction prepareStep(const Step& step) {
 
 Work prepareWork(const Options& options) {
     Work work;
-    for (const Step& step : options.steps) work.steps.push_back(prepareStep(step));
+    for (const Step& step : options.steps) {
+        if (interrupted()) break;
+        work.steps.push_back(prepareStep(step, options.maxPixels));
+    }
     work.format = options.format;
     work.placement = options.placement;
     work.maxPixels = options.maxPixels;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "programs/batch/Options.hpp"
+#include "programs/batch/PictureInfo.hpp"
 #include "programs/batch/StepKinds.hpp"
 #include "programs/batch/Tasks.hpp"
 
@@ -28,6 +29,8 @@ struct Outcome {
     /// The reason, for a picture that failed.
     std::string error;
     double seconds = 0;
+    /// Where there is no result.
+    std::optional<PictureInfo> info;
 };
 
 /// What all pictures of a run have in common.
@@ -38,7 +41,8 @@ struct Work {
     std::optional<std::uint64_t> maxPixels;
 };
 
-/// Makes the steps ready to run. Throws UsageError when one names a file that cannot be read.
+/// Makes the steps ready to run, up to an interrupt. Throws UsageError when one names a file that cannot
+/// be read.
 Work prepareWork(const Options& options);
 
 /// Does one picture. Reports every failure in the outcome and throws nothing. An interrupt drops the

@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "programs/batch/Report.hpp"
 
+#include <poll.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
+#include <climits>
 #include <cstdlib>
 #include <string_view>
 #include <system_error>
 
+#include "programs/batch/Interrupt.hpp"
 #include "programs/batch/Json.hpp"
 #include "programs/batch/Words.hpp"
 
@@ -21,9 +23,23 @@ namespace {
 constexpr std::chrono::milliseconds kProgressPause{100};
 constexpr std::size_t kUsualColumns = 80;
 
-void writeTo(std::FILE* stream, const std::string& text) {
-    std::fwrite(text.data(), 1, text.size(), stream);
-    std::fflush(stream);
+// A reader that stops reading holds up the run, but not its end: after an interrupt nothing waits for it.
+// Nor does a reader that ends; errno tells of that.
+bool writeTo(int descriptor, std::string_view text) {
+    constexpr int kPatience = 100;  // milliseconds until the next look for an interrupt
+    while (!text.empty()) {
+        pollfd ready = {descriptor, POLLOUT, 0};
+        const int polled = ::poll(&ready, 1, kPatience);
+        if (polled <= 0) {
+            if (interrupted()) return false;
+            continue;
+        }
+        // What a pipe that is ready takes without waiting.
+        const ssize_t count = ::write(descriptor, text.data(), std::min<std::size_t>(text.size(), PIPE_BUF));
+        if (count < 0 && errno != EINTR && errno != EAGAIN) return false;
+        if (count > 0) text.remove_prefix(static_cast<std::size_t>(count));
+    }
+    return true;
 }
 
 bool canWriteOver(int descriptor) {
@@ -40,14 +56,12 @@ std::size_t terminalColumns() {
 }  // namespace
 
 void printError(const std::string& line) {
-    writeTo(stderr, "mobrel-batch: " + line + "\n");
+    writeTo(STDERR_FILENO, "mobrel-batch: " + line + "\n");
 }
 
 bool printOutput(const std::string& text) {
-    errno = 0;
-    writeTo(stdout, text);
-    if (std::ferror(stdout) == 0) return true;
-    printError("standard output: " + std::generic_category().message(errno));
+    if (writeTo(STDOUT_FILENO, text)) return true;
+    if (!interrupted()) printError("standard output: " + std::generic_category().message(errno));
     return false;
 }
 
@@ -66,9 +80,9 @@ bool Report::add(const Task& task, const Outcome& outcome) {
         hideProgress();
         printError(onOneLine(task.picture) + ": " + onOneLine(outcome.error));
     }
-    const bool told = !m_json || m_outputFailed || printJson(task, outcome);
+    const bool isTold = print(outputFor(task, outcome));
     if (Clock::now() - m_shownAt >= kProgressPause) showProgress();
-    return told;
+    return isTold;
 }
 
 void Report::finish() {
@@ -77,12 +91,18 @@ void Report::finish() {
     std::string text = countText();
     const std::size_t notDone = m_total - m_done - m_failed;
     if (notDone > 0) text += ", " + std::to_string(notDone) + " not done";
-    writeTo(stderr, text + "\n");
+    writeTo(STDERR_FILENO, text + "\n");
 }
 
-bool Report::printJson(const Task& task, const Outcome& outcome) {
+std::string Report::outputFor(const Task& task, const Outcome& outcome) const {
+    if (m_json) return jsonLine(task, outcome) + "\n";
+    return outcome.info ? infoText(task.picture, *outcome.info) : std::string();
+}
+
+bool Report::print(const std::string& text) {
+    if (text.empty() || m_outputFailed) return true;
     if (::isatty(STDOUT_FILENO) == 1) hideProgress();
-    m_outputFailed = !printOutput(jsonLine(task, outcome) + "\n");
+    m_outputFailed = !printOutput(text);
     return !m_outputFailed;
 }
 
@@ -94,14 +114,14 @@ void Report::showProgress() {
     text.resize(std::min(text.size(), terminalColumns() - 1));
     const std::size_t width = text.size();
     if (width < m_shownWidth) text.resize(m_shownWidth, ' ');
-    writeTo(stderr, "\r" + text);
+    writeTo(STDERR_FILENO, "\r" + text);
     m_shownWidth = width;
     m_shownAt = Clock::now();
 }
 
 void Report::hideProgress() {
     if (m_shownWidth == 0) return;
-    writeTo(stderr, "\r" + std::string(m_shownWidth, ' ') + "\r");
+    writeTo(STDERR_FILENO, "\r" + std::string(m_shownWidth, ' ') + "\r");
     m_shownWidth = 0;
 }
 

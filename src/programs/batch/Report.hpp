@@ -18,9 +18,9 @@ void printError(const std::string& line);
 /// Prints on standard output at once. False when it cannot be written.
 bool printOutput(const std::string& text);
 
-/// Counts outcomes and tells of them: failures on standard error, with json all of them on standard
-/// output, and how far the run is on a line of the terminal that is written over again and again. That
-/// line is there only when standard error is a terminal that can do so. Not for several threads at once.
+/// Counts outcomes and tells of them: failures on standard error, what was asked for on standard output, and
+/// how far the run is on a line of the terminal that is written over again and again. That line is there only
+/// when standard error is a terminal that can do so. Not for several threads at once.
 class Report {
  public:
     Report(std::size_t total, const Options& options);
@@ -37,7 +37,9 @@ class Report {
  private:
     using Clock = std::chrono::steady_clock;
 
-    bool printJson(const Task& task, const Outcome& outcome);
+    /// What standard output gets; mostly nothing.
+    std::string outputFor(const Task& task, const Outcome& outcome) const;
+    bool print(const std::string& text);
     void showProgress();
     void hideProgress();
     std::string countText() const;

@@ -2,21 +2,23 @@
 // What can be done with a picture, as data and as something to call.
 #pragma once
 
+#include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "filters/FilterCatalogue.hpp"
 #include "filters/cDIBFilter.hpp"
 #include "programs/batch/Document.hpp"
+#include "programs/batch/StepArgument.hpp"
 
 namespace mobrel::batch {
 
 /// The values of a step's arguments.
 struct StepValues {
-    /// One for each argument, in their order; colours are 0x00BBGGRR, booleans 0 or 1. 0 for a file.
+    /// One for each argument, in their order.
     std::vector<double> numbers;
     /// The path, where an argument names a file.
     std::string file;
@@ -30,10 +32,10 @@ using StepAction = std::function<void(Document&, cDIBFilter&)>;
 struct StepKind {
     std::string_view name;
     std::string_view meaning;
-    std::span<const FilterArgument> arguments;
-    /// Makes the action for values within their ranges, and reads the file that they name. Throws as
-    /// readPictureFile does.
-    std::function<StepAction(const StepValues&)> prepare;
+    std::vector<StepArgument> arguments;
+    /// Makes the action for values within their ranges, and reads the file that they name, of at most
+    /// maxPixels. Throws as readPictureFile does.
+    std::function<StepAction(const StepValues&, std::optional<std::uint64_t> maxPixels)> prepare;
 };
 
 /// All of them, in the order of a list for users.

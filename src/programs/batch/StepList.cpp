@@ -5,8 +5,6 @@
 #include <string_view>
 
 #include "programs/batch/StepKinds.hpp"
-#include "programs/batch/StepText.hpp"
-#include "programs/batch/Words.hpp"
 
 namespace mobrel::batch {
 
@@ -22,15 +20,10 @@ std::string listLine(std::string left, std::string_view right) {
     return left;
 }
 
-std::string presetOf(const FilterArgument& argument) {
-    if (argument.kind == ArgumentKind::Boolean) return *argument.preset != 0 ? "true" : "false";
-    return decimalOf(*argument.preset);
-}
-
-std::string argumentLine(const FilterArgument& argument) {
+std::string argumentLine(const StepArgument& argument) {
     std::string left = "    " + std::string(argument.name);
     if (!argument.preset) return listLine(std::move(left), requirementOf(argument) + "; must be given");
-    left += "=" + presetOf(argument);
+    left += "=" + textOf(argument, *argument.preset);
     return listLine(std::move(left), requirementOf(argument));
 }
 
@@ -40,7 +33,7 @@ std::string stepList() {
     std::string list;
     for (const StepKind& kind : stepKinds()) {
         list += listLine(std::string(kind.name), kind.meaning);
-        for (const FilterArgument& argument : kind.arguments) list += argumentLine(argument);
+        for (const StepArgument& argument : kind.arguments) list += argumentLine(argument);
     }
     return list;
 }

@@ -25,12 +25,6 @@ std::string systemReason() {
     return std::generic_category().message(errno);
 }
 
-std::string folderOf(const std::string& path) {
-    const std::size_t separator = path.rfind('/');
-    if (separator == std::string::npos) return ".";
-    return path.substr(0, separator + 1);
-}
-
 // Tells the system's own reason, which is clearer than what is left of it in an error number.
 void checkFolder(const std::string& target) {
     const std::string folder = folderOf(target);

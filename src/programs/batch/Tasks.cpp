@@ -31,6 +31,8 @@ std::string targetOf(const std::string& picture, const Options& options) {
             return withoutLinks(picture);
         case Placement::StandardOutput:
             return kStandardStream;
+        case Placement::Nowhere:
+            return {};
         case Placement::Beside:
         case Placement::Over:
             break;
@@ -38,18 +40,37 @@ std::string targetOf(const std::string& picture, const Options& options) {
     return joinPath(options.folder, targetName(lastPart(picture), *options.format));
 }
 
+void refuseSharedTargets(std::vector<Task>& tasks) {
+    std::unordered_map<std::string_view, const std::string*> pictureOfTarget;
+    for (Task& task : tasks) {
+        if (task.target.empty()) continue;
+        const auto [first, isFirst] = pictureOfTarget.try_emplace(task.target, &task.picture);
+        if (!isFirst) task.refusal = "has the same target as " + onOneLine(*first->second);
+    }
+}
+
+// A target that is there already may be, by a link, another picture of the run.
+void refuseTargetsThatArePictures(std::vector<Task>& tasks) {
+    std::unordered_map<std::string, const Task*> taskOfPicture;
+    for (const Task& task : tasks) taskOfPicture.try_emplace(withoutLinks(task.picture), &task);
+    for (Task& task : tasks) {
+        const auto found = taskOfPicture.find(withoutLinks(task.target));
+        if (found == taskOfPicture.end() || found->second->picture == task.picture) continue;
+        if (task.refusal.empty())
+            task.refusal = "its target is the picture " + onOneLine(found->second->picture);
+    }
+}
+
 }  // namespace
 
 std::vector<Task> planTasks(const Options& options) {
     std::vector<Task> tasks;
     tasks.reserve(options.pictures.size());
-    std::unordered_map<std::string, const std::string*> pictureOfTarget;
     for (const std::string& picture : options.pictures) {
-        Task task{picture, targetOf(picture, options), {}};
-        const auto [first, isFirst] = pictureOfTarget.try_emplace(task.target, &picture);
-        if (!isFirst) task.refusal = "has the same target as " + onOneLine(*first->second);
-        tasks.push_back(std::move(task));
+        tasks.push_back({picture, targetOf(picture, options), {}});
     }
+    refuseSharedTargets(tasks);
+    if (options.placement == Placement::Over) refuseTargetsThatArePictures(tasks);
     return tasks;
 }
 

@@ -33,7 +33,7 @@ void fillStandardStreams() {
 int runBatch(const Options& options) {
     const Work work = prepareWork(options);
     const std::vector<Task> tasks = planTasks(options);
-    if (options.placement == Placement::StandardOutput) {
+    if (options.fromStandardInput) {
         endAtInterrupt(options.quiet ? "" : "0 done, 0 failed, 1 not done\n");
     }
     Report report(tasks.size(), options);

@@ -6,6 +6,7 @@
 
 int main() {
     using namespace mobrel;
+    turnWriteSignalsIntoErrors();
     fMain& window = fMain::Global();
     if (const auto text = fatalErrorOf([&] { window.Load(); })) {
         consoleDesktop().windows->message(*text, MessageIcon::Critical, MessageButtons::Ok);
