@@ -107,7 +107,7 @@ TEST(StepText, isRefusedWithAReason) {
         {"Relieve:Level=101", "from -84214000 to 84214000 but not 101"},
         {"Sharpen:Level=1.01e2", "from -2147483648 to 2147483647 but not 101"},
         {"Colorize:Hue=5.001", "Hue must be a number from -1 to 5"},
-        {"Colorize:Saturation=-0.001", "Saturation must be a number from 0 to 1"},
+        {"Colorize:Saturation=-1.001", "Saturation must be a number from -1 to 1"},
         {"Colorize:Hue=0;5", "Hue must be a number"},
         {"Emboss:ConnectMargins=2", "ConnectMargins must be true or false"},
         {"Emboss:ConnectMargins=", "ConnectMargins must be true or false"},
