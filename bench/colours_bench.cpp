@@ -30,8 +30,8 @@ void keep(cDIB& picture, std::span<const Value> values) {
     std::memcpy(picture.DIBitsPtr(), values.data(), values.size_bytes());
 }
 
-PictureOperation builder(std::string name, std::function<void(cDIBPal&, const cDIB&)> build,
-                         std::function<recipes::Palette(const Picture&)> buildPlainly) {
+PictureOperation builder(std::string name, const std::function<void(cDIBPal&, const cDIB&)>& build,
+                         const std::function<recipes::Palette(const Picture&)>& buildPlainly) {
     return {"palettes", std::move(name),
             [build](cDIB& picture) {
                 cDIBPal palette;
@@ -74,8 +74,8 @@ void listen(cDIBDither& dither) {
     dither.ProgressEnd.connect([] {});
 }
 
-PictureOperation reducer(std::string name, std::function<void(cDIBDither&, cDIB&)> reduce,
-                         std::function<void(Picture&)> reducePlainly) {
+PictureOperation reducer(std::string name, const std::function<void(cDIBDither&, cDIB&)>& reduce,
+                         const std::function<void(Picture&)>& reducePlainly) {
     return {"reducers", std::move(name),
             [reduce](cDIB& picture) {
                 cDIBDither dither;

@@ -100,7 +100,7 @@ void addPictureBench(const PictureOperation& operation, const Size& size, int ro
             state.SkipWithError(error.what());
         }
     };
-    benchmark::RegisterBenchmark(row.c_str(), run)
+    benchmark::RegisterBenchmark(row.c_str(), run)  // NOLINT(clang-analyzer-cplusplus*): the library owns it
         ->Iterations(rounds > 0 ? rounds : roundsFor(size))
         ->UseManualTime();
 }
