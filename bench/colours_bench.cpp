@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "colours_bench.hpp"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -27,7 +28,8 @@ using test::Picture;
 
 template <typename Value>
 void keep(cDIB& picture, std::span<const Value> values) {
-    std::memcpy(picture.DIBitsPtr(), values.data(), values.size_bytes());
+    const auto room = static_cast<std::size_t>(picture.Size());
+    std::memcpy(picture.DIBitsPtr(), values.data(), std::min(room, values.size_bytes()));
 }
 
 PictureOperation builder(std::string name, const std::function<void(cDIBPal&, const cDIB&)>& build,
@@ -42,6 +44,25 @@ PictureOperation builder(std::string name, const std::function<void(cDIBPal&, co
             [buildPlainly](cDIB& picture) {
                 const recipes::Palette palette = buildPlainly(test::fromSurface(picture));
                 keep(picture, std::span<const recipes::Entry>(palette.entries));
+            }};
+}
+
+/// The 4,096 nearest colours that a reduction to 256 colours asks for.
+PictureOperation closestColors() {
+    return {"palettes", "ClosestColors_4096",
+            [](cDIB& picture) {
+                cDIBPal palette;
+                palette.CreateWebsafe();
+                keep(picture, std::span<const std::uint8_t>(palette.hPal()->cube()));
+            },
+            [](cDIB& picture) {
+                const recipes::Palette palette = recipes::createWebsafe();
+                std::vector<std::uint8_t> nearest;
+                for (int colour = 0; colour < 4096; ++colour) {
+                    const auto level = [&](int shift) { return (colour >> shift & 15) * 17; };
+                    nearest.push_back(recipes::closestColor(palette, level(0), level(4), level(8)));
+                }
+                keep(picture, std::span<const std::uint8_t>(nearest));
             }};
 }
 
@@ -63,6 +84,7 @@ std::vector<PictureOperation> builders() {
             fixed("CreateWebsafe", &cDIBPal::CreateWebsafe, recipes::createWebsafe),
             fixed("CreateGreys_016", &cDIBPal::CreateGreys_016, recipes::createGreys016),
             fixed("CreateGreys_256", &cDIBPal::CreateGreys_256, recipes::createGreys256),
+            closestColors(),
             builder("CreateFastOptimal_016", &cDIBPal::CreateFastOptimal_016, recipes::createFastOptimal016),
             builder("CreateFastOptimal_256", &cDIBPal::CreateFastOptimal_256, recipes::createFastOptimal256),
             optimal("CreateOptimal_16", 16, 0.36F, 0.436F, 0.341F),

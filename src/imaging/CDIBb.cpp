@@ -13,8 +13,45 @@ namespace {
 
 constexpr std::size_t kPixelBytes = 3;
 
-void checkOperation(RasterOperation operation) {
-    if (operation != RasterOperation::SrcCopy) throw RuntimeError(ErrorNumber::InvalidCall);
+/// Bit 2 S + D of an operation's result for the bits S of the source and D of the destination. Bits 16 to 23
+/// of its code are that table twice, without and with the pattern's bit. Error 5 where the two differ.
+unsigned truthTable(RasterOperation operation) {
+    const unsigned code = static_cast<std::uint32_t>(operation) >> 16 & 0xFF;
+    if (code >> 4 != (code & 15)) throw RuntimeError(ErrorNumber::InvalidCall);
+    return code & 15;
+}
+
+std::uint8_t combined(unsigned table, unsigned s, unsigned d) {
+    unsigned result = 0;
+    if (table & 1) result |= ~s & ~d;
+    if (table & 2) result |= ~s & d;
+    if (table & 4) result |= s & ~d;
+    if (table & 8) result |= s & d;
+    return static_cast<std::uint8_t>(result);
+}
+
+/// Draws over the target by the operation. What is not a plain copy is drawn aside first: there, the
+/// pixels that were reached have the 0 of every picture in byte 3.
+template <typename Draw>
+void drawOver(DeviceContext& target, RasterOperation operation, Draw draw) {
+    const unsigned table = truthTable(operation);
+    if (operation == RasterOperation::SrcCopy) return draw(target);
+    auto aside = PixelBuffer::create(target.width(), target.height());
+    if (!aside) throw RuntimeError(ErrorNumber::OutOfMemory);
+    std::fill_n(aside->bits(), aside->bytesPerRow() * static_cast<std::size_t>(aside->height()),
+                std::uint8_t{0xFF});
+    DeviceContext source(aside->bits(), aside->width(), aside->height(), RowOrder::TopDown);
+    draw(source);
+    for (int y = 0; y < target.height(); ++y) {
+        const std::uint8_t* from = source.line(y);
+        std::uint8_t* to = target.line(y);
+        for (int x = 0; x < target.width(); ++x, from += 4, to += 4) {
+            if (from[3] != 0) continue;
+            for (int channel = 0; channel < 3; ++channel) {
+                to[channel] = combined(table, from[channel], to[channel]);
+            }
+        }
+    }
 }
 
 void reversePixels(std::uint8_t* first, std::size_t count) {
@@ -56,22 +93,28 @@ void CDIBb::Clone(const StdPicture& Picture, bool CreateNew) {
 }
 
 void CDIBb::CloneHDC(const DeviceContext& hSrcDC, RasterOperation Operation, int x, int y) {
-    checkOperation(Operation);
-    if (DeviceContext* target = hdc()) target->BitBlt(0, 0, m_width, m_height, hSrcDC, x, y);
+    DeviceContext* target = hdc();
+    if (target == nullptr) return;
+    drawOver(*target, Operation,
+             [&](DeviceContext& over) { over.BitBlt(0, 0, m_width, m_height, hSrcDC, x, y); });
 }
 
 void CDIBb::PaintTo(DeviceContext& hDstDC, int x, int y, RasterOperation Operation) {
-    checkOperation(Operation);
-    if (const DeviceContext* source = hdc()) hDstDC.BitBlt(x, y, m_width, m_height, *source, 0, 0);
+    const DeviceContext* source = hdc();
+    if (source == nullptr) return;
+    drawOver(hDstDC, Operation,
+             [&](DeviceContext& over) { over.BitBlt(x, y, m_width, m_height, *source, 0, 0); });
 }
 
 void CDIBb::PaintZoom(DeviceContext& hDstDC, int x, int y, int Percent, RasterOperation Operation) {
-    checkOperation(Operation);
     const double factor = Percent * 0.01;
     const DeviceContext* source = hdc();
     if (source == nullptr) return;
-    hDstDC.StretchBlt(x, y, roundInt(m_width * factor), roundInt(m_height * factor), *source, 0, 0, m_width,
-                      m_height);
+    const int width = roundInt(m_width * factor);
+    const int height = roundInt(m_height * factor);
+    drawOver(hDstDC, Operation, [&](DeviceContext& over) {
+        over.StretchBlt(x, y, width, height, *source, 0, 0, m_width, m_height);
+    });
 }
 
 void CDIBb::Cls() {

@@ -16,8 +16,23 @@
 
 namespace mobrel {
 
-/// What becomes of the pixels that are drawn over, by the platform's codes.
-enum class RasterOperation : std::uint32_t { SrcCopy = 0x00CC0020 };
+/// What becomes of the pixels that are drawn over, by the platform's codes. These are the usual ones; any
+/// code that combines source and destination without a pattern is understood.
+///
+/// Source: Microsoft, "Ternary raster operations".
+enum class RasterOperation : std::uint32_t {
+    Blackness = 0x00000042,
+    NotSrcErase = 0x001100A6,
+    NotSrcCopy = 0x00330008,
+    SrcErase = 0x00440328,
+    DstInvert = 0x00550009,
+    SrcInvert = 0x00660046,
+    SrcAnd = 0x008800C6,
+    MergePaint = 0x00BB0226,
+    SrcCopy = 0x00CC0020,
+    SrcPaint = 0x00EE0086,
+    Whiteness = 0x00FF0062,
+};
 
 /// An error with a number and a text of CDIBb's own.
 class CDIBbError : public RuntimeError {
@@ -80,7 +95,7 @@ class CDIBb {
     /// picture's size first. CDIBbError -1 without a surface, 825 as Create. What is no bitmap draws nothing.
     void Clone(const StdPicture& Picture, bool CreateNew);
     /// Copies the block of the surface's size at (x, y) of a target to (0, 0). Here and in the two below,
-    /// error 5 for an operation other than SrcCopy, and error 7 when memory is short.
+    /// error 5 for an operation with a pattern, and error 7 when memory is short.
     void CloneHDC(const DeviceContext& hSrcDC, RasterOperation Operation, int x, int y);
 
     /// Copies the surface to (x, y) of a target.

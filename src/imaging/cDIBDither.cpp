@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "imaging/cDIBDither.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <cstring>
@@ -146,6 +147,8 @@ void cDIBDither::DitherToColorPalette(cDIB& DIB, const cDIBPal& Pal, bool Diffus
     const int bits = depthOf(Pal.Count());
     if (Pal.hPal() == nullptr) throw RuntimeError(ErrorNumber::ObjectNotSet);
     const ColourCube cube = Pal.hPal()->cube();
+    // A table that was made anew may be shorter than what is searched.
+    if (*std::ranges::max_element(cube) >= Pal.Count()) throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
     const ByteTable levels = levelTable();
     const RgbQuad* entries = Pal.PalettePtr();
     std::uint8_t* map = InitializePalID(width, height, bits);

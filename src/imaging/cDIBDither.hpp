@@ -37,7 +37,8 @@ class cDIBDither {
     /// other number of entries.
     void DitherToGreyPalette(cDIB& DIB, const cDIBPal& Pal, bool Diffuse);
     /// The palette's entry nearest to the pixel's place in a cube of 16 levels a channel. Error 5 for a
-    /// number of entries that is not 256, 16 or 2, 91 for a palette that no builder has made.
+    /// number of entries that is not 256, 16 or 2, 91 for a palette that no builder has made, 9 for
+    /// one that was made shorter since.
     void DitherToColorPalette(cDIB& DIB, const cDIBPal& Pal, bool Diffuse);
     /// Changes nothing; raises Progress from 0 to the height, then ProgressEnd.
     void DitherToTrueColor(const cDIB& DIB);

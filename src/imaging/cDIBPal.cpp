@@ -43,7 +43,8 @@ const RgbQuad& cDIBPal::entry(std::uint8_t PalEntry) const {
 }
 
 void cDIBPal::makeSearchable() {
-    m_searchable.emplace(m_entries);
+    // A palette of the platform has at most 256 entries.
+    m_searchable.emplace(std::span(m_entries).first(std::min<std::size_t>(m_entries.size(), 256)));
 }
 
 void cDIBPal::Clear() noexcept {

@@ -141,11 +141,32 @@ TEST(CDIBb, PaintsAtAnySizeByCopyOnly) {
         EXPECT_EQ(pixels(target), c.expected) << c.percent;
         surface.PaintTo(target, 2, 1, kSrcCopy);
         EXPECT_EQ(pixels(target)[1][2], 1U);
-        constexpr auto kSrcAnd = static_cast<RasterOperation>(0x008800C6);
-        expectError(5, [&] { surface.PaintTo(target, 0, 0, kSrcAnd); });
-        expectError(5, [&] { surface.PaintZoom(target, 0, 0, 100, kSrcAnd); });
-        expectError(5, [&] { surface.CloneHDC(target, kSrcAnd, 0, 0); });
     }
+}
+
+TEST(CDIBb, RasterOperationsCombineWhereTheSourceReaches) {
+    using enum RasterOperation;
+    const std::vector<std::pair<RasterOperation, std::uint32_t>> cases = {
+        {Blackness, 0}, {NotSrcErase, 0xFFFFF1}, {NotSrcCopy, 0xFFFFF3},
+        {SrcErase, 4},  {DstInvert, 0xFFFFF5},   {SrcInvert, 6},
+        {SrcAnd, 8},    {MergePaint, 0xFFFFFB},  {SrcCopy, 12},
+        {SrcPaint, 14}, {Whiteness, 0xFFFFFF},
+    };
+    for (const auto& [operation, expected] : cases) {
+        CDIBb source;
+        setPixels(source, {{12}});
+        CDIBb surface;
+        setPixels(surface, {{10, 10}});
+        surface.CloneHDC(*source.hdc(), operation, 0, 0);
+        EXPECT_EQ(pixels(*surface.hdc()), (Lines{{expected, 10}})) << static_cast<unsigned>(operation);
+        setPixels(surface, {{10, 10, 10}});
+        source.PaintZoom(*surface.hdc(), 1, 0, 100, operation);
+        EXPECT_EQ(pixels(*surface.hdc()), (Lines{{10, expected, 10}}));
+    }
+    CDIBb surface;
+    setPixels(surface, {{1}});
+    constexpr auto kPatInvert = static_cast<RasterOperation>(0x005A0049);
+    expectError(5, [&] { surface.PaintTo(*surface.hdc(), 0, 0, kPatInvert); });
 }
 
 TEST(CDIBb, PrintTxtAsksForTextOfItsSize) {

@@ -161,16 +161,16 @@ void ditherToBlackAndWhite(Picture& D, IndexMap& map, std::int32_t PalWeight, Ev
     store.fill(LineErrors(static_cast<std::size_t>(W), 0));
     PassProgress progress(0.5F);
 
-    std::int32_t sum = 0;
-    std::int32_t count = 0;
+    std::int64_t sum = 0;
+    std::int64_t count = 0;
     for (int y = 0; y <= H - 1; ++y) {
         for (int x = 0; x <= W - 1; ++x) {
-            sum = wrap(std::int64_t{sum} + plainGrey(D.at(x, y)));
+            sum += plainGrey(D.at(x, y));
             ++count;
         }
         progress.rowDone(log);
     }
-    const std::int32_t threshold = quotient(sum, count);
+    const auto threshold = static_cast<std::int32_t>(sum / count);
 
     for (int y = 0; y <= H - 1; ++y) {
         for (int x = 0; x <= W - 1; ++x) {
