@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "imaging/FittedPalette.hpp"
 #include "platform/Numbers.hpp"
 
 namespace mobrel {
@@ -39,19 +40,14 @@ void createEvenGreys(cDIBPal& Pal, int bpp) {
     }
 }
 
-/// A palette fitted to a copy of at most 150 x 150 pixels, of a picture of any proportions.
 void createFitted(cDIBPal& Pal, const cDIB& DIB, int bpp, const std::function<void(bool)>& hourglass) {
-    constexpr int kCopySide = 150;
-    constexpr int kLevels = 8;
-    const BestFitInfo fit = DIB.GetBestFitInfo(kCopySide, kCopySide);
     cDIB copy;
-    copy.Create(std::max(fit.bfW, 1), std::max(fit.bfH, 1), 0);
-    copy.LoadDIBBlt(DIB);
+    copyForPalette(copy, DIB);
     hourglass(true);
     if (bpp == 4) {
-        Pal.CreateOptimal(copy, 16, kLevels, 0.36F, 0.436F, 0.341F);
+        createFitted16(Pal, copy);
     } else {
-        Pal.CreateOptimal(copy, 256, kLevels, 1.0F, 1.0F, 1.0F);
+        createFitted256(Pal, copy);
     }
     hourglass(false);
 }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <type_traits>
 #include <utility>
 
 #include "imaging/cDIBDither.hpp"
@@ -10,6 +11,50 @@
 #include "platform/Numbers.hpp"
 
 namespace mobrel {
+
+namespace {
+
+constexpr int kPixelBytes = 4;
+constexpr int kTileSide = 32;
+
+/// Turns the tile of rows x columns pixels of the old picture that begins at (row, column). Picture position
+/// (x, y) goes to (y, Width - 1 - x). Told by memory rows, row a and column b: in a bottom-up surface to
+/// row b, column Height - 1 - a; in a top-down one to row Width - 1 - b, column a. The tile is turned in
+/// memory of its own, so that each row of both pictures is touched once, in one piece. An Extent is an int
+/// or a constant, which makes straight code.
+template <RowOrder Order, typename Extent>
+void turnTile(PixelBuffer& turned, const PixelBuffer& old, int row, int column, Extent rows, Extent columns) {
+    constexpr bool kBottomUp = Order == RowOrder::BottomUp;
+    std::uint32_t tile[kTileSide][kTileSide];
+    for (int a = 0; a < rows; ++a) {
+        std::memcpy(tile[kBottomUp ? rows - 1 - a : a],
+                    old.row(row + a) + std::ptrdiff_t{column} * kPixelBytes,
+                    static_cast<std::size_t>(columns) * kPixelBytes);
+    }
+    const int newColumn = kBottomUp ? old.height() - row - rows : row;
+    for (int b = 0; b < columns; ++b) {
+        std::uint32_t line[kTileSide];
+        for (int a = 0; a < rows; ++a) line[a] = tile[a][b];
+        const int newRow = kBottomUp ? column + b : old.width() - 1 - column - b;
+        std::memcpy(turned.row(newRow) + std::ptrdiff_t{newColumn} * kPixelBytes, line,
+                    static_cast<std::size_t>(rows) * kPixelBytes);
+    }
+}
+
+/// Turns a tile of full size, or what there is of it at the edges.
+template <RowOrder Order>
+void turnTile(PixelBuffer& turned, const PixelBuffer& old, int row, int column) {
+    const int rows = std::min(kTileSide, old.height() - row);
+    const int columns = std::min(kTileSide, old.width() - column);
+    if (rows == kTileSide && columns == kTileSide) {
+        constexpr std::integral_constant<int, kTileSide> kFull;
+        turnTile<Order>(turned, old, row, column, kFull, kFull);
+    } else {
+        turnTile<Order>(turned, old, row, column, rows, columns);
+    }
+}
+
+}  // namespace
 
 template <RowOrder Order>
 bool Surface<Order>::Create(int NewWidth, int NewHeight, Color BackColor) {
@@ -105,26 +150,31 @@ void Surface<Order>::Orientation(bool Rotate90, bool FlipH, bool FlipV) {
     ProgressEnd.raise();
 }
 
-/// Picture position (x, y) goes to (y, Width - 1 - x). Told by memory rows, row a and column b: in a
-/// bottom-up surface to row b, column Height - 1 - a; in a top-down one to row Width - 1 - b, column a.
+/// The old pixels wait aside, in place of a copy, while the surface is made anew. Where that fails it is
+/// left empty: there is no way back to the picture. A block of rows is turned before its events are raised.
 template <RowOrder Order>
 void Surface<Order>::turn() {
-    const int oldWidth = m_width;
-    const int oldHeight = m_height;
-    auto turned = PixelBuffer::create(oldHeight, oldWidth);
-    if (!turned) return;
     const PixelBuffer old = std::exchange(m_section, PixelBuffer());
-    adopt(std::move(*turned));
-
-    for (int a = 0; a < oldHeight; ++a) {
-        const std::uint8_t* from = old.row(a);
-        for (int b = 0; b < oldWidth; ++b, from += 4) {
-            const int row = Order == RowOrder::BottomUp ? b : oldWidth - 1 - b;
-            const int column = Order == RowOrder::BottomUp ? oldHeight - 1 - a : a;
-            std::memcpy(m_section.row(row) + std::ptrdiff_t{column} * 4, from, 4);
+    if (!Create(old.height(), old.width(), 0)) return;
+    for (int first = 0; first < old.height(); first += kTileSide) {
+        for (int column = 0; column < old.width(); column += kTileSide) {
+            turnTile<Order>(m_section, old, first, column);
         }
-        Progress.raise(a);
+        const int end = std::min(first + kTileSide, old.height());
+        for (int a = first; a < end; ++a) Progress.raise(a);
     }
+}
+
+template <RowOrder Order>
+void Surface<Order>::CopyToClipboard(Clipboard& clipboard) const {
+    if (m_deviceContext) clipboard.copyPicture(view());
+}
+
+template <RowOrder Order>
+PictureView Surface<Order>::view() const noexcept {
+    const std::ptrdiff_t stride = BytesPerScanLine();
+    if (Order == RowOrder::TopDown) return {m_section.bits(), stride, m_width, m_height};
+    return {m_section.row(m_height - 1), -stride, m_width, m_height};
 }
 
 template <RowOrder Order>
@@ -150,7 +200,6 @@ BestFitInfo Surface<Order>::GetBestFitInfo(int DstW, int DstH, bool StretchFit) 
     return fit;
 }
 
-/// Takes the pixels as its own. False, and empty, when there are none.
 template <RowOrder Order>
 bool Surface<Order>::adopt(PixelBuffer section) noexcept {
     Destroy();

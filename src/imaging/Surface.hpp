@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 
+#include "platform/Desktop.hpp"
 #include "platform/DeviceContext.hpp"
 #include "platform/Event.hpp"
 #include "platform/Numbers.hpp"
@@ -32,8 +33,8 @@ struct BestFitInfo {
 /// A pixel is blue, green, red, unused; byte 3 is 0 and means nothing. Rows are width x 4 bytes, no
 /// padding. A surface is empty or live; on an empty one every operation on pixels does nothing, and
 /// Width and Height go on telling the last size. Pointers that a surface lends (hDIB, hDIBDC,
-/// DIBitsPtr) are dead after anything that makes it anew: Create, CreateFromStdPicture, Destroy, and
-/// Orientation with Rotate90.
+/// DIBitsPtr) are dead after anything that makes it anew: Create, CreateFromStdPicture, adopt, Destroy,
+/// and Orientation with Rotate90.
 template <RowOrder Order>
 class Surface {
  public:
@@ -58,6 +59,9 @@ class Surface {
                              cDIBDither* Dither) requires(Order == RowOrder::BottomUp);
     /// The same without palettes; true when the picture was taken.
     bool CreateFromStdPicture(std::unique_ptr<StdPicture> Picture) requires(Order == RowOrder::TopDown);
+
+    /// Takes the pixels as its own, in the surface's row order. False, and empty, when there are none.
+    bool adopt(PixelBuffer section) noexcept;
 
     /// Copies the block of the surface's size at (x, y) of another target to (0, 0).
     void LoadBlt(const DeviceContext& hSrcDC, int x = 0, int y = 0);
@@ -96,15 +100,21 @@ class Surface {
 
     /// Mirrors, then turns by 90 degrees counter-clockwise. With Rotate90 the mirrors are asked for in
     /// the frame of the turned picture: FlipH is done as a mirror top to bottom before the turn, FlipV
-    /// as one left to right. A turn that finds no memory leaves the picture unturned.
+    /// as one left to right. A turn that finds no memory for the turned picture leaves the surface empty,
+    /// of the turned size and without Progress; ProgressEnd comes all the same.
     void Orientation(bool Rotate90, bool FlipH, bool FlipV);
+
+    /// Puts the picture on the clipboard, in true colour. Nothing when the surface is empty.
+    void CopyToClipboard(Clipboard& clipboard) const;
+
+    /// The lines of the picture from the top. For a live surface.
+    PictureView view() const noexcept;
 
     /// The largest place in DstW x DstH that keeps the picture's proportions, centred. A picture that
     /// fits is only enlarged with StretchFit. Error 11 for a StretchFit of a surface never made.
     BestFitInfo GetBestFitInfo(int DstW, int DstH, bool StretchFit = false) const;
 
  private:
-    bool adopt(PixelBuffer section) noexcept;
     void turn();
 
     int m_width = 0;

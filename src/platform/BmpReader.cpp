@@ -28,9 +28,10 @@ StdPicture blankPicture(const BmpHeader& header) {
 
 }  // namespace
 
-StdPicture readBmp(ByteSource& source) {
+StdPicture readBmp(ByteSource& source, const ReadOptions& options) {
     BmpInput input(source);
     const BmpHeader header = readBmpHeader(input);
+    checkPictureSize(header.width, header.height, options);
     const bool isRows = header.coding == BmpCoding::Rows;
     if (const std::optional<std::uint64_t> available = input.remaining()) {
         (isRows ? checkRowBytes : checkRleReach)(header, *available);

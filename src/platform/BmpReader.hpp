@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/ByteSource.hpp"
+#include "platform/ReadOptions.hpp"
 #include "platform/StdPicture.hpp"
 
 namespace mobrel {
@@ -14,13 +15,13 @@ namespace mobrel {
 /// depth, and its pixels are decoded straight into the memory that becomes the surface.
 ///
 /// Throws PictureError when the file is no BMP, is cut short, contradicts itself, or asks for a
-/// picture that no surface can hold; a size is checked against the bytes that are there before any
-/// memory is taken for it. Where the source does not know them, memory is used up only as they
-/// arrive. std::bad_alloc when memory is short.
+/// picture that no surface can hold or that has more than options.maxPixels; a size is checked against
+/// the bytes that are there before any memory is taken for it. Where the source does not know them, memory is
+/// used up only as they arrive. std::bad_alloc when memory is short.
 ///
 /// Reads ahead: the source may end up behind the picture's last byte.
 ///
 /// Source of the format: Microsoft, "Bitmap Storage" and "BITMAPINFOHEADER structure".
-StdPicture readBmp(ByteSource& source);
+StdPicture readBmp(ByteSource& source, const ReadOptions& options = {});
 
 }  // namespace mobrel

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <cstdio>
 
+#include "platform/ClipboardHolder.hpp"
 #include "platform/Desktop.hpp"
 
 namespace mobrel {
@@ -27,6 +28,11 @@ class ConsoleWindows final : public Windows {
     void setHourglass(bool) override {}  // there is no pointer
 };
 
+class HeldClipboard final : public Clipboard {
+ public:
+    void copyPicture(const PictureView& picture) override { holdPictureOnClipboard(picture); }
+};
+
 class NoPendingEvents final : public PendingEvents {
  public:
     void run() override {}  // none can wait
@@ -36,8 +42,9 @@ class NoPendingEvents final : public PendingEvents {
 
 Desktop consoleDesktop() {
     static ConsoleWindows windows;
+    static HeldClipboard clipboard;
     static NoPendingEvents pendingEvents;
-    return {&windows, &pendingEvents};
+    return {&windows, &clipboard, &pendingEvents};
 }
 
 }  // namespace mobrel

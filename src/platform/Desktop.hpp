@@ -4,6 +4,8 @@
 
 #include <string_view>
 
+#include "platform/PictureView.hpp"
+
 namespace mobrel {
 
 enum class MessageIcon { Exclamation, Question, Critical };
@@ -27,6 +29,16 @@ class Windows {
     virtual void setHourglass(bool on) = 0;
 };
 
+/// The clipboard of the screen.
+class Clipboard {
+ public:
+    virtual ~Clipboard() = default;
+
+    /// Puts a copy of the picture there, in place of what was there; it outlives the program. Without a
+    /// display nothing happens. What prevents it otherwise is told; it is no error.
+    virtual void copyPicture(const PictureView& picture) = 0;
+};
+
 /// The window events that wait while a command runs.
 class PendingEvents {
  public:
@@ -39,11 +51,12 @@ class PendingEvents {
 /// What a program gives the core to stand on.
 struct Desktop {
     Windows* windows;
+    Clipboard* clipboard;
     PendingEvents* pendingEvents;
 };
 
 /// A desktop without a display: messages go to standard error and count as answered with their default
-/// button, no dialog can be shown, and no events wait.
+/// button, no dialog can be shown, and no events wait. Its clipboard is the screen's, where there is one.
 Desktop consoleDesktop();
 
 }  // namespace mobrel

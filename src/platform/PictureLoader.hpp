@@ -5,12 +5,25 @@
 #include <memory>
 #include <string>
 
+#include "platform/ByteSource.hpp"
+#include "platform/ReadOptions.hpp"
 #include "platform/StdPicture.hpp"
 
 namespace mobrel {
 
-/// Loads a BMP file. The content decides, not the name. Errors: the platform's file errors when the
-/// file cannot be read, PictureError when it is no picture or a broken one.
+/// Loads a BMP, GIF or JPEG file. The content decides, not the name. Errors: the platform's file errors when
+/// the file cannot be read, PictureError when it is none of these or a broken one.
 std::unique_ptr<StdPicture> loadPicture(const std::string& path);
+
+enum class PictureFileFormat { Bmp, Gif, Jpeg, Png };
+
+struct LoadedPicture {
+    PictureFileFormat format;
+    StdPicture picture;
+};
+
+/// Reads a picture of any of the formats from its first byte; the content decides. Throws as the formats'
+/// readers do, PictureError for something else.
+LoadedPicture readPicture(ByteSource& source, const ReadOptions& options = {});
 
 }  // namespace mobrel

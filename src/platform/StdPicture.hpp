@@ -42,6 +42,11 @@ struct StdPicture {
     /// Packed indices when bitsPixel is below 9, else empty: rows of packedStride bytes, bottom row
     /// first, the leftmost pixel in the highest bits.
     std::vector<std::uint8_t> indices;
+    /// The file has transparent pixels; they lie over the background here.
+    bool hadTransparency = false;
+    /// How the camera was held, by the file: EXIF's orientation, 1 to 8, 1 where none is told. The pixels
+    /// are as they are stored.
+    int orientation = 1;
 };
 
 /// A picture that cannot be read: error 481, whose what() says why in words for a person.

@@ -79,6 +79,8 @@ void fMain::Unload() {
     if (!m_loaded) return;
     m_loaded = false;
     m_desktop.windows->setHourglass(true);
+    mnuEdits(3);
+    writeResult();
     SaveMainSettings({.place = kDesignedPlace,
                       .windowState = WindowState::Normal,
                       .LastPath = LastPath,

@@ -36,7 +36,8 @@ class fMain {
 
     /// Start-up: opens temp.bmp, makes the objects, runs the task that config.ini asks for.
     void Load();
-    /// The end: writes the settings, clears the undo store, releases the objects. Nothing for a window
+    /// The end: copies the picture to the clipboard, writes it to the file that MOBREL_RESULT names, writes
+    /// the settings, clears the undo store, releases the objects. Nothing for a window
     /// that is not loaded.
     void Unload();
 
@@ -68,6 +69,8 @@ class fMain {
     /// Commands by their place in a menu, separators counted; an unknown index does nothing.
     /// Files: 0 Open (re-reads temp.bmp), 1 Save, 2 Save as, 6 ends the window.
     void mnuFiles(int Index);
+    /// Edit: 3 Copy.
+    void mnuEdits(int Index);
     /// Colour depths: 0 black and white, 1 and 2 16 and 256 greys, 4 as 0, 5 and 6 16 and 256 colours,
     /// 8 true colour.
     void mnuColorsz(int Index);
@@ -98,6 +101,8 @@ class fMain {
     void pvSetPicture(std::unique_ptr<StdPicture> picture);
     void pvRefreshFileCaption();
     void refreshInfo();
+
+    void writeResult();
 
     std::string undoFile(std::int32_t number) const;
     void watchUndoFiles() const;

@@ -25,8 +25,18 @@ void fMain::mnuFiles(int Index) {
     }
 }
 
+void fMain::mnuEdits(int Index) {
+    switch (Index) {
+        case 3:
+            Canvas.DIB.CopyToClipboard(*m_desktop.clipboard);
+            break;
+        default:
+            break;
+    }
+}
+
 void fMain::mnuColorsz(int Index) {
-    if (!DIBDither) throw RuntimeError(ErrorNumber::ObjectNotSet);
+    if (!DIBDither) throw RuntimeError(ErrorNumber::ObjectNotSet);  // no command comes before Load
     changeDepth(Index, {Canvas.DIB, DIBPal, *DIBDither, BPP},
                 [this](bool on) { m_desktop.windows->setHourglass(on); });
     refreshInfo();

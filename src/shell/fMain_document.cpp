@@ -56,6 +56,23 @@ void fMain::pvSave() {
     pvRefreshFileCaption();
 }
 
+/// For a host that wants the picture in a file of its own: whole or not at all.
+void fMain::writeResult() {
+    const auto path = environmentValue("MOBREL_RESULT");
+    if (!path || path->empty() || Canvas.DIB.hDIB() == nullptr) return;
+    const bool isWritten = skipErrors([&] {
+        AsideFile aside(*path, 0666);
+        FileWriter writer = aside.writer();
+        DIBSave.Write_BMP(writer, Canvas.DIB, DIBPal, DIBDither.get(), BPP);
+        writer.close();
+        aside.replaceTarget();
+    });
+    if (!isWritten) {
+        m_desktop.windows->message("The picture could not be written to " + *path, MessageIcon::Exclamation,
+                                   MessageButtons::Ok);
+    }
+}
+
 /// Null, after a message, when no picture came back.
 std::unique_ptr<StdPicture> fMain::pvLoadPictureFile(const std::string& path) {
     std::unique_ptr<StdPicture> picture;

@@ -2,12 +2,14 @@
 // Steps as they are written on the command line.
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "programs/batch/Failure.hpp"
 #include "programs/batch/StepText.hpp"
+#include "programs/batch/Words.hpp"
 
 namespace mobrel::batch {
 namespace {
@@ -25,7 +27,7 @@ std::string refusalOf(const std::string& text) {
 struct AcceptedCase {
     std::string_view text;
     std::string_view name;
-    std::vector<double> numbers;
+    std::vector<std::optional<double>> numbers;
     std::string file = {};
 };
 
@@ -53,6 +55,10 @@ TEST(StepText, isTakenInAnyOrderAndLetterCase) {
         {"ReplaceL:ColorFrom=#000001,ColorTo=#010000,Tolerance=0,LTolerance=0",
          "ReplaceL",
          {0x010000, 0x000001, 0, 0}},
+        {"Resize:Height=3,Resample=no", "Resize", {std::nullopt, 3, std::nullopt, 0}},
+        {"resize:percent=12.5", "Resize", {std::nullopt, std::nullopt, 12.5, 1}},
+        {"Orientation:FlipV=true", "Orientation", {0, 0, 1}},
+        {"Crop:Top=1,Left=2,Bottom=3,Right=4", "Crop", {2, 1, 4, 3}},
         {"depth:mode=COLORS16", "Depth", {3}},
         {"Relieve:Level=100", "Relieve", {100}},
         {"Relieve:Level=102", "Relieve", {102}},
@@ -85,7 +91,7 @@ TEST(StepText, isRefusedWithAReason) {
         {"Contrast", "Level must be given, a whole number from -421075000 to 421075000"},
         {"ShiftRGB:RInc=1,BInc=1", "GInc must be given"},
         {"Texturize", "File must be given"},
-        {"Texturize:File=", "File must be the path of a BMP file"},
+        {"Texturize:File=", "File must be the path of a picture file"},
         {"Blur:Level=1,Level=1", "Level is given twice"},
         {"Blur:Level=1,level=1", "Level is given twice"},
         {"Blur:", "an argument is missing"},
@@ -133,7 +139,7 @@ std::string textWith(const StepKind& kind, const StepArgument& argument, double 
     for (const StepArgument& other : kind.arguments) {
         const double number = &other == &argument ? value : other.least;
         text += separator + std::string(other.name) + "=";
-        text += other.kind == ValueKind::Rgb ? "#000000" : std::to_string(static_cast<long long>(number));
+        text += other.kind == ValueKind::Rgb ? "#000000" : decimalOf(number);
         separator = ',';
     }
     return text;

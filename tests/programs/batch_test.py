@@ -123,13 +123,20 @@ class UsageTest(BatchTest):
             (["Greys", "-o"], "-o"),
             ([*to_out, *to_out, "Greys", "--", "a.bmp"], "At Most 1"),
             ([*to_out, "--frobnicate", "Greys", "--", "a.bmp"], "--frobnicate"),
-            ([*to_out, "-f", "xyz", "Greys", "--", "a.bmp"], "xyz cannot be written, only bmp"),
+            ([*to_out, "-f", "xyz", "Greys", "--", "a.bmp"], "xyz cannot be written, only bmp, gif, jpg, png"),
             *[([*to_out, "-j", jobs, "Greys", "--", "a.bmp"], "from 1 to 1024")
               for jobs in ("", "0", "-1", "1025", "2x", "99999999999999999999")],
             *[([*to_out, "--max-pixels", pixels, "Greys", "--", "a.bmp"], "from 1 to") for pixels in ("", "0")],
             ([*to_out, "-f", "", "Greys", "--", "a.bmp"], "format  cannot be written"),
             ([*to_out, "[Blur,Greys]", "--", "a.bmp"], "there is no step [Blur,Greys]"),
             ([*to_out, "--max-pixels", "34", "Texturize:File=a.bmp", "--", "a.bmp"], "7 x 5 pixels are more"),
+            (["--in-place", "-f", "png", "Greys", "--", "a.bmp"], "-f needs -o"),
+            ([*to_out, "-q", "101", "Greys", "--", "a.bmp"], "from 0 to 100"),
+            ([*to_out, "--background", "red", "Greys", "--", "a.bmp"], "#RRGGBB"),
+            ([*to_out, "Resize", "--", "a.bmp"], "needs Width, Height or Percent"),
+            ([*to_out, "Resize:Width=3,Percent=3", "--", "a.bmp"], "either sides or Percent"),
+            ([*to_out, "Orientation:FlipH=no", "--", "a.bmp"], "to be true"),
+            ([*to_out, "Crop:Left=3,Top=0,Right=3,Bottom=1", "--", "a.bmp"], "Left below Right"),
             (["--info", "Greys", "--", "a.bmp"], "no step"),
             (["--info", *to_out, "--", "a.bmp"], "-o"),
             (["--info"], "no picture"),
@@ -138,7 +145,7 @@ class UsageTest(BatchTest):
             ([*to_out, "Greys", "Blur:Level=102", "--", "a.bmp"], "from -8421395 to 101"),
             ([*to_out, "Shift:ColorFrom=red,Inc=1,Tolerance=1", "--", "a.bmp"], "#RRGGBB"),
             ([*to_out, "Texturize:File=nowhere.bmp", "--", "a.bmp"], "nowhere.bmp: No such file"),
-            ([*to_out, "Texturize:File=text", "--", "a.bmp"], "text: not a BMP file"),
+            ([*to_out, "Texturize:File=text", "--", "a.bmp"], "text: not a BMP, GIF, JPEG or PNG file"),
             (["Greys", "--", "-", "a.bmp"], "no other"),
             ([*to_out, "Greys", "--", "-"], "standard output"),
             (["--in-place", "Greys", "--", "-"], "standard output"),
@@ -175,12 +182,16 @@ class UsageTest(BatchTest):
                 value = (least[1] if least else "#000000" if "colour" in right
                          else "Greys16" if "Greys16" in right else "palette.bmp")
                 texts[-1] += ("," if ":" in texts[-1] else ":") + left.strip() + "=" + value
-        self.assertEqual(len(texts), 28)
+        self.assertEqual(len(texts), 31)
+        # All that these two take is optional, but not all of it at once.
+        texts[texts.index("Resize")] += ":Percent=100"
+        texts[texts.index("Orientation")] += ":FlipH=yes"
         for text in texts:
             with self.subTest(text):
                 self.run_batch("-o", "out", "--force", text, "--", "palette.bmp")
                 width, height, _, bits = struct.unpack_from("<iihh", self.read("out/palette.bmp"), 18)
-                self.assertEqual((width, height, bits), (5, 3, 4 if text == "Depth:Mode=Greys16" else 24))
+                self.assertEqual(bits, 4 if text == "Depth:Mode=Greys16" else 24)
+                self.assertEqual((width, height), (1, 1) if text.startswith("Crop") else (5, 3))
 
     def test_every_line_of_the_document_works(self):
         lines = re.findall(r"^```sh\n(.*?)\n```$", DOCUMENT.read_text(encoding="utf-8"), re.M | re.S)
@@ -266,13 +277,15 @@ class ResultTest(BatchTest):
         for name in names:
             self.leave(name)
         self.run_batch("-o", "out", "Negative", "--", *names)
-        self.assertEqual(sorted(os.listdir(self.out)), sorted(names.values()))
+        self.assertEqual(sorted(os.listdir(self.out)), sorted(names))
+        formatted = self.folder("formatted")
+        self.run_batch("-o", "formatted", "-f", "BMP", "Negative", "--", *names)
+        self.assertEqual(sorted(os.listdir(formatted)), sorted(names.values()))
 
     def test_names_are_bytes(self):
         names = [b"caf\xe9.bmp", b"%s%n%o.bmp", b"*.bmp", b"new\nline\x1b[1m.bmp", b"-o.bmp", b"--force.bmp",
                  b"[a,b].bmp", b"{}.bmp", b'"q\\".bmp', b"a b;$(x)`.bmp", b"n" * 251 + b".bmp", b"--", b"./-"]
-        targets = [b"out/--.bmp" if name == b"--" else b"out/-.bmp" if name == b"./-" else b"out/" + name
-                   for name in names]
+        targets = [b"out/" + os.path.basename(name) for name in names]
         for name in names:
             self.leave(name)
         ended = self.run_batch("-o", "out", "--json", "Negative", "--", *names)
@@ -330,9 +343,9 @@ class FailureTest(BatchTest):
         os.symlink("nowhere", self.root / "link")
         os.symlink("circle", self.root / "circle")
         cases = {"nowhere": "No such file", "link": "No such file", "out": "is a folder", ".": "is a folder",
-                 "text": "not a BMP file", "file.bmp/x": "Not a directory", "fifo": "is no regular file",
+                 "text": "not a BMP, GIF, JPEG or PNG file", "file.bmp/x": "Not a directory", "fifo": "is no regular file",
                  "/dev/null": "is no regular file", "secret.bmp": "Permission denied", "circle": "Too many levels",
-                 "": "No such file", "huge.bmp": "30000 x 20000 pixels are more than 1000", "n" * 300: "too long"}
+                 "": "No such file", "huge.bmp": "30000 x 20000 pixels are more than", "n" * 300: "too long"}
         for name, words in cases.items():
             with self.subTest(name):
                 ended = self.run_batch("-o", "out", "--force", "--max-pixels", "1000", "Greys", "--", name,
@@ -367,7 +380,7 @@ class FailureTest(BatchTest):
         self.folder("sub")
         os.symlink("a.bmp", self.root / "link.bmp")
         for arguments, second in ((["-o", "out"], "sub/a.bmp"), (["-o", "out"], "./a.bmp"),
-                                  (["-o", "out"], "a.jpg"), (["--in-place"], "sub/../a.bmp"),
+                                  (["-o", "out", "-f", "bmp"], "a.jpg"), (["--in-place"], "sub/../a.bmp"),
                                   (["--in-place"], "link.bmp")):
             with self.subTest(second):
                 for name in ("a.bmp", "sub/a.bmp", "a.jpg"):

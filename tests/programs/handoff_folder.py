@@ -32,7 +32,7 @@ def config_of(number):
 def clean_environment():
     """The caller's environment without what the program reads."""
     return {name: value for name, value in os.environ.items()
-            if name.lower() not in ("tmp", "temp", "tmpdir", "mobrel_folder")}
+            if name.lower() not in ("tmp", "temp", "tmpdir", "mobrel_folder", "mobrel_result", "display", "wayland_display")}
 
 
 def copy_program(program, folder):

@@ -46,6 +46,17 @@ class TestWindows final : public Windows {
     bool hourglassAtDialog = false;
 };
 
+/// Notes what is copied to it.
+class TestClipboard final : public Clipboard {
+ public:
+    void copyPicture(const PictureView& picture) override {
+        ++copies;
+        width = picture.width;
+    }
+    int copies = 0;
+    int width = 0;
+};
+
 class TestEvents final : public PendingEvents {
  public:
     void run() override { ++runs; }
@@ -124,8 +135,9 @@ class FMain : public testing::Test {
     test::TemporaryFolder folder;
     test::TemporaryFolder temporary;
     TestWindows windows;
+    TestClipboard clipboard;
     TestEvents events;
-    fMain main{Desktop{&windows, &events}};
+    fMain main{Desktop{&windows, &clipboard, &events}};
 };
 
 TEST_F(FMain, ANumberWithoutATaskWritesThePictureBackAndEnds) {
@@ -144,6 +156,32 @@ TEST_F(FMain, ANumberWithoutATaskWritesThePictureBackAndEnds) {
     EXPECT_FALSE(windows.hourglass);
     EXPECT_TRUE(windows.messages.empty());
     EXPECT_TRUE(temporaryFiles().empty());
+}
+
+TEST_F(FMain, TheEndHandsThePictureOn) {
+    ::setenv("MOBREL_RESULT", fileInFolder("result.bmp").c_str(), 1);
+    askFor("8");
+    main.Load();
+    ::unsetenv("MOBREL_RESULT");
+    EXPECT_EQ(clipboard.copies, 1);
+    EXPECT_EQ(clipboard.width, 5);
+    EXPECT_EQ(contentsOf(fileInFolder("result.bmp")), contentsOf(fileInFolder("temp.bmp")));
+    EXPECT_EQ(main.BPP, 1);
+}
+
+TEST_F(FMain, WhatCannotBeHandedOnStopsNothing) {
+    ::setenv("MOBREL_RESULT", fileInFolder("nowhere/result.bmp").c_str(), 1);
+    askFor("3");
+    main.Load();
+    deleteFileIfPossible(fileInFolder("temp.bmp"));
+    fMain empty({&windows, &clipboard, &events});
+    empty.Load();
+    ::unsetenv("MOBREL_RESULT");
+    EXPECT_EQ(windows.messages, (std::vector<std::string>{"The picture could not be written to " +
+                                                              fileInFolder("nowhere/result.bmp"),
+                                                          "Unexpected error loading image"}));
+    EXPECT_EQ(clipboard.copies, 1) << "an empty document is not copied";
+    EXPECT_EQ(winState(), "1");
 }
 
 TEST_F(FMain, UnloadWritesTheSettingsOfTheDesignedWindow) {
@@ -178,7 +216,7 @@ TEST_F(FMain, EveryDialogNumberOpensItsFilter) {
     for (const auto& [number, id] : ids) {
         TestWindows own;
         askFor(number);
-        fMain window({&own, &events});
+        fMain window({&own, &clipboard, &events});
         window.Load();
         ASSERT_EQ(own.dialogs.size(), 1U) << number;
         EXPECT_EQ(own.dialogs[0], std::pair(std::string("fFilter"), id)) << number;
@@ -243,6 +281,26 @@ TEST_F(FMain, AFilterMovesTheBarAndStoresOneStep) {
         EXPECT_EQ(main.UndoTop(), 2);
         EXPECT_FALSE(main.Saved);
         EXPECT_EQ(temporaryFiles().size(), 2U);
+    });
+}
+
+TEST_F(FMain, ADepthCommandStoresItsStepAtTheNewDepth) {
+    insideDialog([&] {
+        const std::int32_t before = main.UndoPos();
+        main.mnuColorsz(5);
+        EXPECT_EQ(main.Info.TextInfo(), "5x4x4bpp");
+        EXPECT_EQ(main.UndoPos(), before + 1);
+        const std::set<std::string> stored = temporaryFiles();
+        ASSERT_EQ(stored.size(), 1U);
+        const std::string step = contentsOf(temporary.path() + "/" + *stored.begin());
+        EXPECT_EQ(step.at(28), 4) << "bits a pixel";
+        EXPECT_FALSE(windows.hourglass) << "the palette is fitted";
+        for (const int separator : {3, 7}) {
+            main.Info.setTextInfo("");
+            main.mnuColorsz(separator);
+            EXPECT_EQ(main.Info.TextInfo(), "5x4x4bpp");
+        }
+        EXPECT_EQ(main.UndoPos(), before + 1);
     });
 }
 
@@ -354,7 +412,7 @@ TEST_F(FMain, UnknownCommandsDoNothing) {
 }
 
 TEST_F(FMain, GlobalMakesANewOneAfterUnload) {
-    fMain::setGlobalDesktop({&windows, &events});
+    fMain::setGlobalDesktop({&windows, &clipboard, &events});
     askFor("3");
     fMain& first = fMain::Global();
     EXPECT_EQ(&fMain::Global(), &first);

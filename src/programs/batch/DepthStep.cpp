@@ -16,8 +16,8 @@ constexpr std::array<DepthCommand, kModes.size()> kCommands = {
     DepthCommand::BlackAndWhite, DepthCommand::Greys16,   DepthCommand::Greys256,
     DepthCommand::Colors16,      DepthCommand::Colors256, DepthCommand::TrueColor};
 
-StepAction prepareDepth(const StepValues& values, std::optional<std::uint64_t>) {
-    const DepthCommand command = kCommands[static_cast<std::size_t>(values.numbers.front())];
+StepAction prepareDepth(const StepValues& values, const ReadOptions&) {
+    const DepthCommand command = kCommands[static_cast<std::size_t>(*values.numbers.front())];
     return [command](Document& document, cDIBFilter&) {
         changeDepth(static_cast<int>(command),
                     {document.surface, document.palette, document.indices, document.depth}, [](bool) {});

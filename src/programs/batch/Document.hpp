@@ -7,6 +7,7 @@
 #include "imaging/cDIB.hpp"
 #include "imaging/cDIBDither.hpp"
 #include "imaging/cDIBPal.hpp"
+#include "platform/PictureLoader.hpp"
 
 namespace mobrel::batch {
 
@@ -16,6 +17,11 @@ struct Document {
     std::uint8_t depth = 24;
     cDIBPal palette;
     cDIBDither indices;
+
+    /// What its file was, and what that told.
+    PictureFileFormat format = PictureFileFormat::Bmp;
+    bool hadTransparency = false;
+    int orientation = 1;
 
     /// For a step that makes colours which no palette has.
     void dropPalette() noexcept {

@@ -13,18 +13,19 @@ namespace mobrel::batch {
 
 namespace {
 
-std::shared_ptr<const Document> readTexture(const std::string& path, std::optional<std::uint64_t> maxPixels) {
+std::shared_ptr<const Document> readTexture(const std::string& path, const ReadOptions& reading) {
     auto texture = std::make_shared<Document>();
-    readPictureFile(path, maxPixels, *texture);
+    readPictureFile(path, reading, *texture);
     return texture;
 }
 
-StepAction prepareFilter(int slot, const StepValues& values, std::optional<std::uint64_t> maxPixels) {
+StepAction prepareFilter(int slot, const StepValues& values, const ReadOptions& reading) {
     FilterValues call;
-    std::ranges::copy(values.numbers, call.values.begin());
+    std::ranges::transform(values.numbers, call.values.begin(),
+                           [](std::optional<double> number) { return number.value_or(0); });
     std::shared_ptr<const Document> texture;
     if (!values.file.empty()) {
-        texture = readTexture(values.file, maxPixels);
+        texture = readTexture(values.file, reading);
         call.texture = &texture->surface;
     }
     return [slot, call, texture](Document& document, cDIBFilter& filter) {
@@ -36,8 +37,8 @@ StepAction prepareFilter(int slot, const StepValues& values, std::optional<std::
 StepKind filterStep(const FilterEntry& entry) {
     StepKind kind{entry.name, entry.meaning, {}, {}};
     std::ranges::transform(entry.arguments(), std::back_inserter(kind.arguments), stepArgument);
-    kind.prepare = [slot = entry.slot](const StepValues& values, std::optional<std::uint64_t> maxPixels) {
-        return prepareFilter(slot, values, maxPixels);
+    kind.prepare = [slot = entry.slot](const StepValues& values, const ReadOptions& reading) {
+        return prepareFilter(slot, values, reading);
     };
     return kind;
 }

@@ -2,41 +2,32 @@
 // The picture formats that can be read and written.
 #pragma once
 
-#include <cstdint>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
 #include "platform/ByteSource.hpp"
 #include "platform/Files.hpp"
-#include "platform/StdPicture.hpp"
+#include "platform/PictureLoader.hpp"
+#include "platform/ReadOptions.hpp"
 #include "programs/batch/Document.hpp"
 
 namespace mobrel::batch {
 
-/// As a header tells it, with its signs.
-struct PictureSize {
-    std::int32_t width = 0;
-    std::int32_t height = 0;
-};
-
 struct PictureFormat {
+    PictureFileFormat format = PictureFileFormat::Bmp;
     /// As it is asked for.
     std::string_view name;
     /// With their dots. A target without any of them gets the first.
     std::span<const std::string_view> extensions;
-    /// Reads no further than the size stands. No size where the header is none; read() tells why.
-    PictureSize (*sizeOf)(ByteSource&);
-    StdPicture (*read)(ByteSource&);
-    void (*write)(FileWriter&, const Document&);
+    /// `quality`, 0 to 100, is JPEG's.
+    void (*write)(FileWriter&, const Document&, int quality);
 };
-
-/// All of them. The first is written where none is asked for.
-std::span<const PictureFormat> pictureFormats();
 
 /// Nothing where there is none of that name; the case of its letters counts for nothing.
 const PictureFormat* formatNamed(std::string_view name);
+
+const PictureFormat& formatOf(PictureFileFormat format);
 
 /// "bmp, ..."
 std::string formatNames();
@@ -46,8 +37,7 @@ std::string formatNames();
 /// "a.1.bmp").
 std::string targetName(std::string_view pictureName, const PictureFormat& format);
 
-/// Reads a picture. One of more than maxPixels is refused by what its header says. Throws as the formats'
-/// readers do, Failure for one that is too large.
-void readDocument(ByteSource& source, std::optional<std::uint64_t> maxPixels, Document& document);
+/// Reads a picture of any of the formats, by its content. Throws as readPicture does.
+void readDocument(ByteSource& source, const ReadOptions& options, Document& document);
 
 }  // namespace mobrel::batch

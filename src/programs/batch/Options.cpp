@@ -37,6 +37,9 @@ struct Written {
     std::optional<std::string> format;
     std::optional<std::string> jobs;
     std::optional<std::string> maxPixels;
+    std::optional<std::string> quality;
+    std::optional<std::string> background;
+    bool keepOrientation = false;
     bool inPlace = false;
     bool force = false;
     bool stopOnError = false;
@@ -65,14 +68,22 @@ void declareOptions(CLI::App& app, Written& written) {
     app.add_option("-o,--output", written.folder, "Put the results into a folder, under the pictures' names")
         ->type_name("DIR");
     app.add_flag("--in-place", written.inPlace, "Put each result in the place of its picture");
-    app.add_option("-f,--format", written.format, "Format of the results: " + formatNames())
+    app.add_option("-f,--format", written.format,
+                   "Format of the results: " + formatNames() + "; each picture's own without it")
         ->type_name("FORMAT");
+    app.add_option("-q,--quality", written.quality, "Quality of JPEG results, 0 to 100; 90 without it")
+        ->type_name("QUALITY");
     app.add_option("-j,--jobs", written.jobs, "Pictures at once; as many as processors without it")
         ->type_name("JOBS");
     app.add_flag("--force", written.force, "With -o, replace files that are there already");
     app.add_flag("--stop-on-error", written.stopOnError, "Begin no picture after one that failed");
     app.add_option("--max-pixels", written.maxPixels, "Refuse pictures of more than N pixels")
         ->type_name("N");
+    app.add_option("--background", written.background,
+                   "What shows through transparent pixels; black without it")
+        ->type_name("#RRGGBB");
+    app.add_flag("--keep-orientation", written.keepOrientation,
+                 "Leave pictures as they are stored, whatever they say of the camera");
     app.add_flag("--json", written.json, "Tell of each picture in a line of JSON on standard output");
     app.add_flag("--quiet", written.quiet, "No progress and no count at the end");
     app.add_flag("--info", written.info, "Do no step: tell size, depth and colours of each picture");
@@ -87,28 +98,47 @@ Texts stepsOf(const CLI::App& app) {
     return steps;
 }
 
-std::uint64_t countOf(const std::string& text, const char* option, std::uint64_t most) {
+std::uint64_t countOf(const std::string& text, const char* option, std::uint64_t least, std::uint64_t most) {
     std::uint64_t count = 0;
     const char* const end = text.data() + text.size();
     const auto [stop, error] = std::from_chars(text.data(), end, count);
-    if (error != std::errc() || stop != end || count < 1 || count > most) {
-        throw UsageError(std::string(option) + " must be a whole number from 1 to " + std::to_string(most));
+    if (error != std::errc() || stop != end || count < least || count > most) {
+        throw UsageError(std::string(option) + " must be a whole number from " + std::to_string(least) +
+                         " to " + std::to_string(most));
     }
     return count;
 }
 
 unsigned jobsOf(const std::optional<std::string>& written) {
-    if (written) return static_cast<unsigned>(countOf(*written, "--jobs", kMostJobs));
+    if (written) return static_cast<unsigned>(countOf(*written, "--jobs", 1, kMostJobs));
     return std::max(1U, std::thread::hardware_concurrency());
 }
 
-const PictureFormat& formatOf(const std::optional<std::string>& written) {
-    if (!written) return pictureFormats().front();
+int qualityOf(const std::optional<std::string>& written) {
+    if (!written) return kUsualQuality;
+    return static_cast<int>(countOf(*written, "--quality", 0, 100));
+}
+
+ReadOptions readingOf(const Written& written) {
+    ReadOptions reading;
+    if (written.maxPixels) {
+        reading.maxPixels = countOf(*written.maxPixels, "--max-pixels", 1, std::uint64_t{1} << 32);
+    }
+    if (written.background) {
+        const auto color = colorOf(*written.background);
+        if (!color) throw UsageError("--background must be a colour as #RRGGBB");
+        reading.background = *color;
+    }
+    return reading;
+}
+
+const PictureFormat* formatOf(const std::optional<std::string>& written) {
+    if (!written) return nullptr;
     const PictureFormat* const format = formatNamed(*written);
     if (format == nullptr) {
         throw UsageError("format " + onOneLine(*written) + " cannot be written, only " + formatNames());
     }
-    return *format;
+    return format;
 }
 
 void checkFolder(const std::string& folder) {
@@ -143,6 +173,8 @@ Placement placementOf(const Written& written, bool fromStandardInput) {
         checkPipe(written);
         return Placement::StandardOutput;
     }
+    if (written.inPlace && written.format)
+        throw UsageError("--in-place keeps each picture's format; -f needs -o");
     if (written.inPlace && !written.folder.empty()) {
         throw UsageError("-o and --in-place do not go together");
     }
@@ -165,11 +197,11 @@ Options optionsOf(const Written& written, Texts pictures) {
     options.placement = placementOf(written, options.fromStandardInput);
     options.pictures = std::move(pictures);
     options.folder = written.folder;
-    options.format = &formatOf(written.format);
+    options.format = formatOf(written.format);
+    options.quality = qualityOf(written.quality);
     options.jobs = jobsOf(written.jobs);
-    if (written.maxPixels) {
-        options.maxPixels = countOf(*written.maxPixels, "--max-pixels", std::uint64_t{1} << 32);
-    }
+    options.reading = readingOf(written);
+    options.keepOrientation = written.keepOrientation;
     options.stopOnError = written.stopOnError;
     options.json = written.json;
     options.quiet = written.quiet;

@@ -2,12 +2,11 @@
 // The command line.
 #pragma once
 
-#include <cstdint>
-#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
 
+#include "platform/ReadOptions.hpp"
 #include "programs/batch/StepText.hpp"
 
 namespace mobrel::batch {
@@ -16,6 +15,8 @@ struct PictureFormat;
 
 /// A picture of this name comes from standard input; its result goes to standard output.
 inline constexpr const char* kStandardStream = "-";
+
+inline constexpr int kUsualQuality = 90;
 
 enum class Placement {
     Beside,          ///< to a folder, where nothing of that name may be yet
@@ -33,10 +34,15 @@ struct Options {
     Placement placement = Placement::Beside;
     /// Set for Beside and Over.
     std::string folder;
+    /// Null where each picture keeps its own.
     const PictureFormat* format = nullptr;
+    /// Of JPEG, 0 to 100.
+    int quality = kUsualQuality;
     /// At least 1.
     unsigned jobs = 1;
-    std::optional<std::uint64_t> maxPixels;
+    ReadOptions reading;
+    /// Pictures stay as they are stored, whatever their files say of the camera.
+    bool keepOrientation = false;
     bool stopOnError = false;
     bool json = false;
     bool quiet = false;

@@ -29,10 +29,10 @@ FileDescriptor openPicture(const std::string& path) {
 
 }  // namespace
 
-void readPictureFile(const std::string& path, std::optional<std::uint64_t> maxPixels, Document& document) {
+void readPictureFile(const std::string& path, const ReadOptions& options, Document& document) {
     const FileDescriptor file = openPicture(path);
     FileSource source = FileSource::borrowed(file.get());
-    readDocument(source, maxPixels, document);
+    readDocument(source, options, document);
 }
 
 }  // namespace mobrel::batch

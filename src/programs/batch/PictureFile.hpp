@@ -2,16 +2,15 @@
 // Reads picture files.
 #pragma once
 
-#include <cstdint>
-#include <optional>
 #include <string>
 
+#include "platform/ReadOptions.hpp"
 #include "programs/batch/Document.hpp"
 
 namespace mobrel::batch {
 
 /// Reads the picture of a file; of a folder, a pipe or a device there is none. Throws Failure and what
 /// readDocument does. Never waits for another process.
-void readPictureFile(const std::string& path, std::optional<std::uint64_t> maxPixels, Document& document);
+void readPictureFile(const std::string& path, const ReadOptions& options, Document& document);
 
 }  // namespace mobrel::batch

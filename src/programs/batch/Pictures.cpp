@@ -13,6 +13,7 @@
 #include "programs/batch/Document.hpp"
 #include "programs/batch/Failure.hpp"
 #include "programs/batch/Formats.hpp"
+#include "programs/batch/GeometrySteps.hpp"
 #include "programs/batch/Interrupt.hpp"
 #include "programs/batch/PictureFile.hpp"
 #include "programs/batch/TargetFile.hpp"
@@ -30,10 +31,10 @@ void stopWhenInterrupted() {
 
 void readPicture(const Task& task, const Work& work, Document& document) {
     if (task.picture != kStandardStream) {
-        return readPictureFile(task.picture, work.maxPixels, document);
+        return readPictureFile(task.picture, work.reading, document);
     }
     FileSource source = FileSource::borrowed(STDIN_FILENO);
-    readDocument(source, work.maxPixels, document);
+    readDocument(source, work.reading, document);
 }
 
 void applySteps(const Work& work, Document& document) {
@@ -49,7 +50,8 @@ void applySteps(const Work& work, Document& document) {
 }
 
 void writeResult(const Task& task, const Work& work, const Document& document) {
-    const auto write = [&](FileWriter& file) { work.format->write(file, document); };
+    const PictureFormat& format = work.format ? *work.format : formatOf(document.format);
+    const auto write = [&](FileWriter& file) { format.write(file, document, work.quality); };
     switch (work.placement) {
         case Placement::Beside:
             return writeBeside(task.target, write);
@@ -69,6 +71,8 @@ void doSteps(const Task& task, const Work& work, Outcome& outcome) {
     Document document;
     if (work.placement == Placement::Beside) checkFree(task.target);
     readPicture(task, work, document);
+    if (document.hadTransparency) outcome.note = "has transparency, which is laid over the background";
+    if (!work.keepOrientation) turnUpright(document, document.orientation);
     applySteps(work, document);
     writeResult(task, work, document);
     if (work.placement == Placement::Nowhere) outcome.info = infoOf(document);
@@ -78,10 +82,12 @@ void doSteps(const Task& task, const Work& work, Outcome& outcome) {
     outcome.status = Status::Done;
 }
 
-StepAction prepareStep(const Step& step, std::optional<std::uint64_t> maxPixels) {
+StepAction prepareStep(const Step& step, const ReadOptions& reading) {
     try {
-        return step.kind->prepare(step.values, maxPixels);
+        return step.kind->prepare(step.values, reading);
     } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const UsageError&) {
         throw;
     } catch (const std::exception& error) {
         throw UsageError(onOneLine(step.values.file) + ": " + error.what());
@@ -94,11 +100,13 @@ Work prepareWork(const Options& options) {
     Work work;
     for (const Step& step : options.steps) {
         if (interrupted()) break;
-        work.steps.push_back(prepareStep(step, options.maxPixels));
+        work.steps.push_back(prepareStep(step, options.reading));
     }
     work.format = options.format;
     work.placement = options.placement;
-    work.maxPixels = options.maxPixels;
+    work.quality = options.quality;
+    work.reading = options.reading;
+    work.keepOrientation = options.keepOrientation;
     return work;
 }
 

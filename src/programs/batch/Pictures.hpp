@@ -28,6 +28,8 @@ struct Outcome {
     int depth = 0;
     /// The reason, for a picture that failed.
     std::string error;
+    /// What else the user should know; mostly empty.
+    std::string note;
     double seconds = 0;
     /// Where there is no result.
     std::optional<PictureInfo> info;
@@ -37,8 +39,10 @@ struct Outcome {
 struct Work {
     std::vector<StepAction> steps;
     const PictureFormat* format = nullptr;
+    int quality = kUsualQuality;
     Placement placement = Placement::Beside;
-    std::optional<std::uint64_t> maxPixels;
+    ReadOptions reading;
+    bool keepOrientation = false;
 };
 
 /// Makes the steps ready to run, up to an interrupt. Throws UsageError when one names a file that cannot

@@ -80,6 +80,10 @@ bool Report::add(const Task& task, const Outcome& outcome) {
         hideProgress();
         printError(onOneLine(task.picture) + ": " + onOneLine(outcome.error));
     }
+    if (!outcome.note.empty() && !m_quiet) {
+        hideProgress();
+        printError(onOneLine(task.picture) + ": " + outcome.note);
+    }
     const bool isTold = print(outputFor(task, outcome));
     if (Clock::now() - m_shownAt >= kProgressPause) showProgress();
     return isTold;

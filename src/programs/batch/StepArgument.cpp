@@ -52,19 +52,6 @@ std::optional<std::uint32_t> hexDigitOf(char c) {
     return static_cast<std::uint32_t>(letter - 'a' + 10);
 }
 
-// Written red first, stored with red in the lowest byte.
-std::optional<double> colorOf(std::string_view text) {
-    if (text.size() != 7 || text[0] != '#') return std::nullopt;
-    std::uint32_t color = 0;
-    for (std::size_t channel = 0; channel < 3; ++channel) {
-        const auto high = hexDigitOf(text[1 + 2 * channel]);
-        const auto low = hexDigitOf(text[2 + 2 * channel]);
-        if (!high || !low) return std::nullopt;
-        color |= (*high << 4 | *low) << (8 * channel);
-    }
-    return color;
-}
-
 std::optional<double> wholeNumberOf(std::string_view text) {
     const std::optional<double> number = numberOf(text);
     return number && *number == std::floor(*number) ? number : std::nullopt;
@@ -105,6 +92,18 @@ std::string listOf(std::span<const std::string_view> choices) {
 }
 
 }  // namespace
+
+std::optional<std::uint32_t> colorOf(std::string_view text) {
+    if (text.size() != 7 || text[0] != '#') return std::nullopt;
+    std::uint32_t color = 0;
+    for (std::size_t channel = 0; channel < 3; ++channel) {
+        const auto high = hexDigitOf(text[1 + 2 * channel]);
+        const auto low = hexDigitOf(text[2 + 2 * channel]);
+        if (!high || !low) return std::nullopt;
+        color |= (*high << 4 | *low) << (8 * channel);
+    }
+    return color;
+}
 
 StepArgument stepArgument(const FilterArgument& argument) {
     return {argument.name,     kindOf(argument.kind), argument.least,
@@ -151,7 +150,7 @@ std::string requirementOf(const StepArgument& argument) {
         case ValueKind::File:
             break;
     }
-    return "the path of a BMP file";
+    return "the path of a picture file";
 }
 
 }  // namespace mobrel::batch

@@ -2,6 +2,7 @@
 // One argument of a step: its values as they are written, and as numbers.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
@@ -25,6 +26,8 @@ struct StepArgument {
     std::optional<double> except = {};
     /// The words of a choice.
     std::span<const std::string_view> choices = {};
+    /// The step also goes without it.
+    bool isOptional = false;
 };
 
 /// An argument of a filter, as a step takes it.
@@ -37,6 +40,9 @@ StepArgument choiceArgument(std::string_view name, std::span<const std::string_v
 /// colours as #RRGGBB; words in any letter case. Nothing for any other text, for values out of range, and
 /// for files.
 std::optional<double> valueOf(const StepArgument& argument, std::string_view text);
+
+/// A colour that is written as #RRGGBB, as 0x00BBGGRR.
+std::optional<std::uint32_t> colorOf(std::string_view text);
 
 /// How a value is written, with no more digits than it needs.
 std::string textOf(const StepArgument& argument, double value);

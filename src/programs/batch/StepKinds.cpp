@@ -3,6 +3,7 @@
 
 #include "programs/batch/DepthStep.hpp"
 #include "programs/batch/FilterSteps.hpp"
+#include "programs/batch/GeometrySteps.hpp"
 
 namespace mobrel::batch {
 
@@ -10,7 +11,7 @@ namespace {
 
 std::vector<StepKind> makeKinds() {
     std::vector<StepKind> kinds = filterSteps();
-    kinds.push_back(depthStep());
+    kinds.insert(kinds.end(), {depthStep(), resizeStep(), orientationStep(), cropStep()});
     return kinds;
 }
 

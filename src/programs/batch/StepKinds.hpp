@@ -2,7 +2,6 @@
 // What can be done with a picture, as data and as something to call.
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <optional>
 #include <span>
@@ -11,6 +10,7 @@
 #include <vector>
 
 #include "filters/cDIBFilter.hpp"
+#include "platform/ReadOptions.hpp"
 #include "programs/batch/Document.hpp"
 #include "programs/batch/StepArgument.hpp"
 
@@ -18,8 +18,8 @@ namespace mobrel::batch {
 
 /// The values of a step's arguments.
 struct StepValues {
-    /// One for each argument, in their order.
-    std::vector<double> numbers;
+    /// One for each argument, in their order; nothing for an optional one that is left out.
+    std::vector<std::optional<double>> numbers;
     /// The path, where an argument names a file.
     std::string file;
 
@@ -33,9 +33,9 @@ struct StepKind {
     std::string_view name;
     std::string_view meaning;
     std::vector<StepArgument> arguments;
-    /// Makes the action for values within their ranges, and reads the file that they name, of at most
-    /// maxPixels. Throws as readPictureFile does.
-    std::function<StepAction(const StepValues&, std::optional<std::uint64_t> maxPixels)> prepare;
+    /// Makes the action for values within their ranges, and reads the file that they name. Throws as
+    /// readPictureFile does, and UsageError for values that do not go together.
+    std::function<StepAction(const StepValues&, const ReadOptions&)> prepare;
 };
 
 /// All of them, in the order of a list for users.

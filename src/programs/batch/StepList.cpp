@@ -22,7 +22,9 @@ std::string listLine(std::string left, std::string_view right) {
 
 std::string argumentLine(const StepArgument& argument) {
     std::string left = "    " + std::string(argument.name);
-    if (!argument.preset) return listLine(std::move(left), requirementOf(argument) + "; must be given");
+    if (!argument.preset)
+        return listLine(std::move(left),
+                        requirementOf(argument) + (argument.isOptional ? "" : "; must be given"));
     left += "=" + textOf(argument, *argument.preset);
     return listLine(std::move(left), requirementOf(argument));
 }

@@ -99,6 +99,7 @@ class StepReader {
         if (argument.kind == ValueKind::File) {
             if (value.empty()) failRequirement(argument);
             m_step.values.file = value;
+            m_step.values.numbers[index] = 0;
             return;
         }
         const std::optional<double> number = valueOf(argument, value);
@@ -115,6 +116,7 @@ class StepReader {
             if (m_given[i]) continue;
             const StepArgument& argument = arguments()[i];
             if (!argument.preset) {
+                if (argument.isOptional) continue;
                 fail(std::string(argument.name) + " must be given, " + requirementOf(argument));
             }
             m_step.values.numbers[i] = *argument.preset;

@@ -37,7 +37,8 @@ std::string targetOf(const std::string& picture, const Options& options) {
         case Placement::Over:
             break;
     }
-    return joinPath(options.folder, targetName(lastPart(picture), *options.format));
+    const std::string_view name = lastPart(picture);
+    return joinPath(options.folder, options.format ? targetName(name, *options.format) : std::string(name));
 }
 
 void refuseSharedTargets(std::vector<Task>& tasks) {

@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: MIT
+#include "imaging/GifReduction.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <new>
+#include <optional>
+#include <unordered_map>
+#include <utility>
+
+#include "imaging/FittedPalette.hpp"
+#include "imaging/NearestEntry.hpp"
+#include "platform/Numbers.hpp"
+
+namespace mobrel {
+
+namespace {
+
+constexpr std::size_t kMostColours = 256;
+constexpr std::size_t kPixelBytes = 4;
+
+using Colour = std::array<std::int32_t, 3>;  // blue, green, red
+
+std::size_t pixelCount(const cDIB& DIB) {
+    return static_cast<std::size_t>(DIB.Width()) * static_cast<std::size_t>(DIB.Height());
+}
+
+/// Gives each colour that comes an index, as long as there are few.
+class OwnColours {
+ public:
+    /// Nothing when this would be one colour too many.
+    std::optional<std::uint8_t> indexOf(const RgbQuad& colour) {
+        const std::uint32_t key = colour.blue | colour.green << 8U | colour.red << 16U;
+        if (key == m_lastKey) return m_lastIndex;
+        const auto found = m_indices.find(key);
+        if (found == m_indices.end() && m_table.size() == kMostColours) return std::nullopt;
+        m_lastKey = key;
+        if (found == m_indices.end()) {
+            m_lastIndex = static_cast<std::uint8_t>(m_table.size());
+            m_indices.emplace(key, m_lastIndex);
+            m_table.push_back(colour);
+        } else {
+            m_lastIndex = found->second;
+        }
+        return m_lastIndex;
+    }
+
+    const std::vector<RgbQuad>& table() const { return m_table; }
+
+ private:
+    std::vector<RgbQuad> m_table;
+    std::unordered_map<std::uint32_t, std::uint8_t> m_indices;
+    std::uint32_t m_lastKey = UINT32_MAX;  // no colour has it
+    std::uint8_t m_lastIndex = 0;
+};
+
+std::optional<ReducedPicture> withOwnColours(const cDIB& DIB) {
+    ReducedPicture picture;
+    OwnColours colours;
+    for (int y = 0; y < DIB.Height(); ++y) {
+        const std::uint8_t* pixel = DIB.hDIBDC()->line(y);
+        for (int x = 0; x < DIB.Width(); ++x, pixel += kPixelBytes) {
+            const auto index = colours.indexOf({pixel[0], pixel[1], pixel[2], 0});
+            if (!index) return std::nullopt;
+            picture.indices.push_back(*index);
+        }
+    }
+    picture.colorTable = colours.table();
+    return picture;
+}
+
+/// Moves each entry to the mean of the copy's pixels that are nearest to it; one that has none stays.
+void moveToMeans(std::vector<RgbQuad>& table, const cDIB& copy) {
+    struct Sum {
+        Colour colour{};
+        std::int32_t count = 0;
+    };
+    std::vector<Sum> sums(table.size());
+    NearestEntry nearest(table);
+    const std::uint8_t* pixel = copy.DIBitsPtr();
+    for (std::size_t i = 0; i < pixelCount(copy); ++i, pixel += kPixelBytes) {
+        Sum& sum = sums[nearest.index({pixel[0], pixel[1], pixel[2], 0})];
+        for (std::size_t channel = 0; channel < 3; ++channel) sum.colour[channel] += pixel[channel];
+        ++sum.count;
+    }
+    for (std::size_t i = 0; i < table.size(); ++i) {
+        const Colour& colour = sums[i].colour;
+        const std::int32_t count = sums[i].count;
+        if (count == 0) continue;
+        const auto mean = [&](std::size_t channel) { return toByte((colour[channel] + count / 2) / count); };
+        table[i] = {mean(0), mean(1), mean(2), 0};
+    }
+}
+
+/// The tree's palette, then a few rounds of moving its entries to where their pixels are.
+std::vector<RgbQuad> fittedTable(const cDIB& DIB) {
+    constexpr int kRounds = 6;
+    cDIB copy;
+    copyForPalette(copy, DIB);
+    if (copy.hDIB() == nullptr) throw std::bad_alloc();
+    cDIBPal palette;
+    createFitted256(palette, copy);
+    std::vector<RgbQuad> table(palette.PalettePtr(), palette.PalettePtr() + palette.Count());
+    for (int round = 0; round < kRounds; ++round) moveToMeans(table, copy);
+    return table;
+}
+
+/// Floyd and Steinberg's shares of a line's errors, in sixteenths, kept beside the pixels so that nothing
+/// is cut off on the way.
+class Diffusion {
+ public:
+    explicit Diffusion(int width) : m_here(static_cast<std::size_t>(width) + 2), m_below(m_here.size()) {}
+
+    /// The component with the error that has come to column x of this line.
+    std::uint8_t corrected(std::uint8_t component, int x, std::size_t channel) const {
+        return clampByte(component + ((place(m_here, x)[channel] + 8) >> 4));
+    }
+
+    /// Spreads an error from column x to the column beside it in the direction of the scan, and below.
+    void spread(int error, int x, int direction, std::size_t channel) {
+        place(m_here, x + direction)[channel] += error * 7;
+        place(m_below, x - direction)[channel] += error * 3;
+        place(m_below, x)[channel] += error * 5;
+        place(m_below, x + direction)[channel] += error;
+    }
+
+    void nextLine() {
+        m_here.swap(m_below);
+        std::ranges::fill(m_below, Colour{});
+    }
+
+ private:
+    // One place more at each end takes what falls off the line.
+    static Colour& place(std::vector<Colour>& line, int x) { return *(line.begin() + 1 + x); }
+    static const Colour& place(const std::vector<Colour>& line, int x) { return *(line.begin() + 1 + x); }
+
+    std::vector<Colour> m_here;
+    std::vector<Colour> m_below;
+};
+
+/// Every other line is scanned from the right, so that no trail of the errors shows.
+ReducedPicture diffused(const cDIB& DIB, std::vector<RgbQuad> table) {
+    ReducedPicture picture;
+    picture.colorTable = std::move(table);
+    picture.indices.resize(pixelCount(DIB));
+    const int width = DIB.Width();
+    NearestEntry nearest(picture.colorTable);
+    Diffusion errors(width);
+    std::uint8_t* indices = picture.indices.data();
+    for (int y = 0; y < DIB.Height(); ++y, indices += width) {
+        const std::uint8_t* line = DIB.hDIBDC()->line(y);
+        const int direction = y % 2 == 0 ? 1 : -1;
+        for (int i = 0, x = direction > 0 ? 0 : width - 1; i < width; ++i, x += direction) {
+            const std::uint8_t* pixel = line + static_cast<std::size_t>(x) * kPixelBytes;
+            const RgbQuad wanted = {errors.corrected(pixel[0], x, 0), errors.corrected(pixel[1], x, 1),
+                                    errors.corrected(pixel[2], x, 2), 0};
+            indices[x] = nearest.index(wanted);
+            const RgbQuad& taken = picture.colorTable[indices[x]];
+            errors.spread(wanted.blue - taken.blue, x, direction, 0);
+            errors.spread(wanted.green - taken.green, x, direction, 1);
+            errors.spread(wanted.red - taken.red, x, direction, 2);
+        }
+        errors.nextLine();
+    }
+    return picture;
+}
+
+}  // namespace
+
+ReducedPicture reduceForGif(const cDIB& DIB) {
+    std::optional<ReducedPicture> own = withOwnColours(DIB);
+    return own ? std::move(*own) : diffused(DIB, fittedTable(DIB));
+}
+
+}  // namespace mobrel

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+// The link to the picture formats that are no BMP, and the scaling of high quality.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "imaging/cDIB.hpp"
+#include "platform/Files.hpp"
+#include "platform/StdPicture.hpp"
+
+namespace mobrel {
+
+/// The formats of SaveDIB.
+enum class ImageFormat : int { Gif = 0, Jpeg = 1, Png = 2 };
+
+/// Loads a PNG file, transparent pixels over black. Null when it cannot be read.
+std::unique_ptr<StdPicture> LoadPictureGDIp(const std::string& FileName);
+
+/// Writes the surface into a file that is open, which is left open. Errors: 5 for an empty surface, an
+/// unknown format, or sides that the format cannot have; those of FileWriter; std::bad_alloc.
+void writePicture(FileWriter& file, const cDIB& DIB, ImageFormat format, int quality);
+
+/// Deletes the file and writes the surface to that name, in true colour whatever the document's depth; for
+/// GIF reduced to 256 colours where it has more. `Quality`, 0 to 100, is JPEG's. False when it cannot be
+/// written, and then there is no file.
+bool SaveDIB(const cDIB& DIB, const std::string& FileName, ImageFormat Format, int Quality);
+
+/// Gives the surface another size: by high-quality bicubic, or each pixel from its nearest. False when
+/// the surface is empty, the size is none that a surface can have or memory is short, and then it stays
+/// as it was.
+bool StretchDIB(cDIB& DIB, int NewWidth, int NewHeight, bool HighQuality);
+
+}  // namespace mobrel

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#include <optional>
+#include <utility>
+
+#include "imaging/BicubicGraph.hpp"
+#include "imaging/BicubicPlain.hpp"
+#include "imaging/mGDIpEx.hpp"
+#include "platform/DeviceContext.hpp"
+#include "platform/RuntimeError.hpp"
+
+namespace mobrel {
+
+namespace {
+
+/// True where zimg is exact and lean: its weights have 14 bits, which a kernel of hundreds of pixels uses
+/// up; it keeps all lines that a kernel meets; and it mirrors at an edge only once, which falls short for
+/// a side of 1.
+bool suitsGraph(int newSide, int oldSide) {
+    constexpr int kLongestSide = 32767;
+    constexpr int kMostShrinking = 16;
+    return newSide > 1 && newSide <= kLongestSide && oldSide <= kLongestSide &&
+           oldSide / newSide < kMostShrinking;
+}
+
+void scaleBicubic(DeviceContext& target, const DeviceContext& source) {
+    const bool suits =
+        suitsGraph(target.width(), source.width()) && suitsGraph(target.height(), source.height());
+    if (!suits || !scaleByGraph(target, source, ZimgKernels::ForProcessor)) scalePlainly(target, source);
+}
+
+}  // namespace
+
+bool StretchDIB(cDIB& DIB, int NewWidth, int NewHeight, bool HighQuality) {
+    if (DIB.hDIB() == nullptr) return false;
+    std::optional<PixelBuffer> section = PixelBuffer::create(NewWidth, NewHeight);
+    if (!section) return false;
+    DeviceContext target(section->bits(), NewWidth, NewHeight, RowOrder::BottomUp);
+    const DeviceContext& source = *DIB.hDIBDC();
+    const bool isScaled = skipErrors([&] {
+        if (HighQuality) {
+            scaleBicubic(target, source);
+        } else {
+            target.StretchBlt(0, 0, NewWidth, NewHeight, source, 0, 0, DIB.Width(), DIB.Height());
+        }
+    });
+    return isScaled && DIB.adopt(std::move(*section));
+}
+
+}  // namespace mobrel
