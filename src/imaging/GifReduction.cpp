@@ -31,7 +31,7 @@ class OwnColours {
  public:
     /// Nothing when this would be one colour too many.
     std::optional<std::uint8_t> indexOf(const RgbQuad& colour) {
-        const std::uint32_t key = colour.blue | colour.green << 8U | colour.red << 16U;
+        const auto key = static_cast<std::uint32_t>(colour.blue | colour.green << 8 | colour.red << 16);
         if (key == m_lastKey) return m_lastIndex;
         const auto found = m_indices.find(key);
         if (found == m_indices.end() && m_table.size() == kMostColours) return std::nullopt;

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The document's life: Open, Save, and what makes a picture the document.
+#include <algorithm>
+#include <string_view>
 #include <utility>
 
+#include "imaging/mGDIpEx.hpp"
 #include "platform/AsciiText.hpp"
 #include "platform/Files.hpp"
 #include "platform/PictureLoader.hpp"
@@ -19,6 +22,11 @@ constexpr const char* kUnnamed = "[Unnamed]";
 std::string pvBmpName(const std::string& path) {
     if (path.size() < 3) throw RuntimeError(ErrorNumber::InvalidCall);
     return path.substr(0, path.size() - 3) + "bmp";
+}
+
+/// The path's last three characters, or as many as it has.
+std::string_view pvFileType(std::string_view path) {
+    return path.substr(path.size() - std::min<std::size_t>(path.size(), 3));
 }
 
 }  // namespace
@@ -76,7 +84,11 @@ void fMain::writeResult() {
 /// Null, after a message, when no picture came back.
 std::unique_ptr<StdPicture> fMain::pvLoadPictureFile(const std::string& path) {
     std::unique_ptr<StdPicture> picture;
-    skipErrors([&] { picture = loadPicture(path); });
+    if (equalIgnoringCase(pvFileType(path), "png")) {
+        picture = LoadPictureGDIp(path);
+    } else {
+        skipErrors([&] { picture = loadPicture(path); });
+    }
     if (!picture) {
         m_desktop.windows->message("Unexpected error loading image", MessageIcon::Exclamation,
                                    MessageButtons::Ok);

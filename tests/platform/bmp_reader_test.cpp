@@ -3,35 +3,21 @@
 #include "platform/BmpReader.hpp"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
-#include <unistd.h>
 
-#include <fstream>
 #include <limits>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "support/BmpBuilder.hpp"
-#include "support/PictureChecks.hpp"
+#include "support/MemoryLimit.hpp"
+#include "support/PictureFiles.hpp"
 
 namespace mobrel::test {
 namespace {
 
-using Colors = std::vector<std::uint32_t>;
-
-// What became of a file: a picture, or the reason why there is none.
-struct Outcome {
-    StdPicture picture;
-    std::string failure;
-};
-
 Outcome readFrom(ByteSource&& source) {
-    try {
-        return {readBmp(source), ""};
-    } catch (const PictureError& error) {
-        return {{}, error.what()};
-    }
+    return test::readFrom(readBmp, std::move(source));
 }
 
 // Pixels in memory order as numbers, 0xRRGGBB; byte 3 would show above them.
@@ -415,31 +401,6 @@ TEST(BmpReader, NamesTheRowInWhichTheFileEnds) {
     EXPECT_EQ(readFrom(MemorySource(bytes)).failure, "the file ends in row 17 of 480");
     EXPECT_EQ(readFrom(PipeSource(bytes)).failure, "the file ends in row 17 of 480");
 }
-
-// Keeps the process from taking more memory than now and some: what asks for it gets std::bad_alloc.
-class MemoryLimit {
- public:
-    explicit MemoryLimit(std::size_t moreBytes) {
-        std::ifstream statm("/proc/self/statm");
-        std::size_t pages = 0;
-        statm >> pages;
-        getrlimit(RLIMIT_AS, &m_before);
-        rlimit limit = m_before;
-        limit.rlim_cur = pages * static_cast<std::size_t>(sysconf(_SC_PAGESIZE)) + moreBytes;
-        m_isSet = pages > 0 && setrlimit(RLIMIT_AS, &limit) == 0;
-    }
-    MemoryLimit(const MemoryLimit&) = delete;
-    MemoryLimit& operator=(const MemoryLimit&) = delete;
-    ~MemoryLimit() { setrlimit(RLIMIT_AS, &m_before); }
-
-    bool isSet() const { return m_isSet; }
-
- private:
-    rlimit m_before{};
-    bool m_isSet = false;
-};
-
-constexpr std::size_t kMiB = 1024 * 1024;
 
 TEST(BmpReader, TakesNoMemoryForAFalseClaim) {
     const std::vector<std::pair<BmpFile, std::string>> cases{
