@@ -22,11 +22,13 @@ std::string listLine(std::string left, std::string_view right) {
 
 std::string argumentLine(const StepArgument& argument) {
     std::string left = "    " + std::string(argument.name);
-    if (!argument.preset)
-        return listLine(std::move(left),
-                        requirementOf(argument) + (argument.isOptional ? "" : "; must be given"));
-    left += "=" + textOf(argument, *argument.preset);
-    return listLine(std::move(left), requirementOf(argument));
+    std::string right = requirementOf(argument);
+    if (argument.preset) {
+        left += "=" + textOf(argument, *argument.preset);
+    } else if (!argument.isOptional) {
+        right += "; must be given";
+    }
+    return listLine(std::move(left), right);
 }
 
 }  // namespace
