@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <vector>
 
 #include "filters/FilterFrame.hpp"
@@ -294,6 +295,12 @@ void cDIBFilter::Shift(cDIB& DIB, std::uint32_t ColorFrom, std::int32_t Inc, std
 }
 
 void cDIBFilter::ShiftRGB(cDIB& DIB, std::int32_t RInc, std::int32_t GInc, std::int32_t BInc) {
+    constexpr std::int32_t kLargestWithoutWrap = std::numeric_limits<std::int32_t>::max() - 255;
+    if (std::max({RInc, GInc, BInc}) <= kLargestWithoutWrap) {
+        return runInPlace(DIB, [increments = std::array{BInc, GInc, RInc}](std::uint8_t* row, int width) {
+            kernels::shiftChannelsRow(row, width, increments);
+        });
+    }
     runInPlace(DIB, [TB = shiftTable(BInc), TG = shiftTable(GInc), TR = shiftTable(RInc)](
                         std::uint8_t* row, int width) { kernels::tableRow(row, width, TB, TG, TR); });
 }

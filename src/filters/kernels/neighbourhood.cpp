@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "filters/kernels/neighbourhood_bytes.hpp"
 #include "platform/Numbers.hpp"
 
 namespace mobrel::kernels {
@@ -36,27 +37,40 @@ void forInnerChannels(const Rows3& from, std::uint8_t* to, int width, Rule rule)
     }
 }
 
+/// Weights for which a weighted sum stays below 2^15: 8 x 255 + 120 x 255.
+bool isSmallWeight(std::int32_t w) {
+    return w >= 0 && w <= 120;
+}
+
+WeightedMean weightedMean(std::int32_t weight, std::int32_t divisor) {
+    return {static_cast<std::uint16_t>(weight), WordDivisor::of(static_cast<unsigned>(divisor))};
+}
+
 }  // namespace
 
 void blurRow(Rows3 from, std::uint8_t* to, int width, std::int32_t w) {
+    if (isSmallWeight(w) && blurBytes(from, to, width, weightedMean(w, w + 8))) return;
     forInnerChannels(from, to, width, [=](const Window& s) {
         return toByte(div(wrapAdd(s.around(), wrapMul(w, s.centre)), wrapAdd(w, 8)));
     });
 }
 
 void softenRow(Rows3 from, std::uint8_t* to, int width, std::int32_t w) {
+    if (isSmallWeight(w) && softenBytes(from, to, width, weightedMean(w, w + 4))) return;
     forInnerChannels(from, to, width, [=](const Window& s) {
         return toByte(div(wrapAdd(s.beside(), wrapMul(w, s.centre)), wrapAdd(w, 4)));
     });
 }
 
 void sharpenRow(Rows3 from, std::uint8_t* to, int width, std::int32_t w) {
+    if (isSmallWeight(w) && w >= 10 && sharpenBytes(from, to, width, weightedMean(w, w - 8))) return;
     forInnerChannels(from, to, width, [=](const Window& s) {
         return clampByte(div(wrapSub(wrapMul(w, s.centre), s.around()), wrapSub(w, 8)));
     });
 }
 
 void contourRow(Rows3 from, std::uint8_t* to, int width) {
+    if (contourBytes(from, to, width)) return;
     forInnerChannels(from, to, width, [](const Window& s) {
         return static_cast<std::uint8_t>(255 - (s.largest() - s.centre));
     });
@@ -81,12 +95,14 @@ void outlineRow(Rows3 from, std::uint8_t* to, int width, float k, std::int32_t s
 }
 
 void maximumRow(Rows3 from, std::uint8_t* to, int width) {
+    if (maximumBytes(from, to, width)) return;
     forInnerChannels(from, to, width, [](const Window& s) {
         return static_cast<std::uint8_t>(std::max({s.below, s.left, s.centre, s.right, s.above}));
     });
 }
 
 void minimumRow(Rows3 from, std::uint8_t* to, int width) {
+    if (minimumBytes(from, to, width)) return;
     forInnerChannels(from, to, width, [](const Window& s) {
         return static_cast<std::uint8_t>(std::min({s.below, s.left, s.centre, s.right, s.above}));
     });

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "filters/kernels/point.hpp"
 
+#include <algorithm>
+#include <cstdlib>
 #include <cstring>
 
+#include "filters/kernels/point_vectors.hpp"
 #include "imaging/WeightedGrey.hpp"
 #include "platform/Numbers.hpp"
 
@@ -10,12 +13,19 @@ namespace mobrel::kernels {
 
 namespace {
 
-/// Sets each pixel to its weighted grey; sum(b, g, r) adds the weighted channels in its own order.
+/// Sets each pixel to its weighted grey; sum(b, g, r) adds the weighted channels in its own order, which
+/// counts where vectors stop.
 template <typename Sum>
 void setGreys(std::uint8_t* row, int width, Sum sum) {
-    for (int x = 0; x < width; ++x, row += 4) {
-        const double grey = sum(kBlueWeight[row[0]], kGreenWeight[row[1]], kRedWeight[row[2]]);
-        row[0] = row[1] = row[2] = toByte(roundInt(grey));
+    constexpr std::size_t kStep = 16;
+    const auto count = static_cast<std::size_t>(width);
+    for (std::size_t x = 0; x < count;) {
+        x += greysWithoutTies(row + x * 4, count - x);
+        for (const std::size_t end = std::min(count, x + kStep); x < end; ++x) {
+            std::uint8_t* const pixel = row + x * 4;
+            const double grey = sum(kBlueWeight[pixel[0]], kGreenWeight[pixel[1]], kRedWeight[pixel[2]]);
+            pixel[0] = pixel[1] = pixel[2] = toByte(roundInt(grey));
+        }
     }
 }
 
@@ -59,6 +69,22 @@ void greysRow(std::uint8_t* row, int width) {
 
 void reliefGreysRow(std::uint8_t* row, int width) {
     setGreys(row, width, [](double b, double g, double r) { return g + r + b; });
+}
+
+void shiftChannelsRow(std::uint8_t* row, int width, const std::array<int, 3>& increments) {
+    std::uint32_t up = 0;
+    std::uint32_t down = 0;
+    for (std::size_t channel = 0; channel < 3; ++channel) {
+        const int increment = std::clamp(increments[channel], -255, 255);
+        (increment < 0 ? down : up) |= static_cast<std::uint32_t>(std::abs(increment)) << (8 * channel);
+    }
+    const auto count = static_cast<std::size_t>(width);
+    for (std::size_t x = shiftedPixels(row, count, up, down); x < count; ++x) {
+        for (std::size_t channel = 0; channel < 3; ++channel) {
+            std::uint8_t& value = row[x * 4 + channel];
+            value = clampByte(value + std::clamp(increments[channel], -255, 255));
+        }
+    }
 }
 
 void negativeRow(std::uint8_t* row, int width) {

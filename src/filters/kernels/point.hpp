@@ -20,6 +20,9 @@ void reliefGreysRow(std::uint8_t* row, int width);
 /// 255 - c.
 void negativeRow(std::uint8_t* row, int width);
 
+/// Adds to blue, green and red, limited to a byte.
+void shiftChannelsRow(std::uint8_t* row, int width, const std::array<int, 3>& increments);
+
 /// Each channel through its own table.
 void tableRow(std::uint8_t* row, int width, const ByteTable& blue, const ByteTable& green,
               const ByteTable& red);
