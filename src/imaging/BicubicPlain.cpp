@@ -67,115 +67,69 @@ Mix mixOf(int d, int targetSize, int sourceSize) {
     return mix;
 }
 
-/// A line of three channels a pixel.
+/// Three channels a pixel.
 using Line = std::vector<double>;
 
-void addLine(Line& sum, const std::uint8_t* pixels, double weight) {
-    const std::size_t width = sum.size() / kChannels;
-    for (std::size_t x = 0; x < width; ++x) {
+/// Some of the target's columns, and the source columns that make them.
+struct ColumnBlock {
+    int first = 0;
+    std::vector<Mix> mixes;
+    std::size_t sourceBegin = 0;
+    std::size_t sourceEnd = 0;
+};
+
+ColumnBlock blockAt(int first, int targetWidth, int sourceWidth) {
+    constexpr int kMostColumns = 4096;  // what bounds the memory of their weights
+    ColumnBlock block;
+    block.first = first;
+    block.sourceBegin = static_cast<std::size_t>(sourceWidth);
+    const int end = first + std::min(kMostColumns, targetWidth - first);
+    for (int x = first; x < end; ++x) {
+        const Mix& mix = block.mixes.emplace_back(mixOf(x, targetWidth, sourceWidth));
+        block.sourceBegin = std::min(block.sourceBegin, mix.first);
+        block.sourceEnd = std::max(block.sourceEnd, mix.first + mix.weights.size());
+    }
+    return block;
+}
+
+void addPixels(Line& sum, const std::uint8_t* pixels, double weight) {
+    for (std::size_t i = 0; i < sum.size(); i += kChannels, pixels += kPixelBytes) {
         for (std::size_t channel = 0; channel < kChannels; ++channel) {
-            sum[x * kChannels + channel] += weight * pixels[x * kPixelBytes + channel];
+            sum[i + channel] += weight * pixels[channel];
         }
     }
 }
 
-void addLine(Line& sum, const Line& line, double weight) {
-    for (std::size_t i = 0; i < sum.size(); ++i) sum[i] += weight * line[i];
-}
-
-void scaleLine(Line& scaled, const Line& line, const std::vector<Mix>& columns) {
-    double* out = scaled.data();
-    for (const Mix& mix : columns) {
+/// Mixes the pixels of one line and writes them; `line` begins with the block's first source column.
+void putBlock(std::uint8_t* pixels, const Line& line, const ColumnBlock& block) {
+    for (const Mix& mix : block.mixes) {
         std::array<double, kChannels> sum{};
-        const double* pixel = line.data() + mix.first * kChannels;
+        const double* pixel = line.data() + (mix.first - block.sourceBegin) * kChannels;
         for (const double weight : mix.weights) {
             for (double& channel : sum) channel += weight * *pixel++;
         }
-        out = std::ranges::copy(sum, out).out;
-    }
-}
-
-void putLine(std::uint8_t* pixels, const Line& line) {
-    for (std::size_t i = 0; i < line.size(); i += kChannels, pixels += kPixelBytes) {
-        for (std::size_t channel = 0; channel < kChannels; ++channel) {
-            pixels[channel] = clampByte(static_cast<int>(std::floor(line[i + channel] + 0.5)));
-        }
-        pixels[kChannels] = 0;
-    }
-}
-
-Line blackLine(int width) {
-    return Line(static_cast<std::size_t>(width) * kChannels);
-}
-
-/// Mixes the source's lines first, so that no more than one mixed line is ever kept.
-void shrinkLines(DeviceContext& target, const DeviceContext& source, const std::vector<Mix>& columns) {
-    Line mixed = blackLine(source.width());
-    Line scaled = blackLine(target.width());
-    for (int y = 0; y < target.height(); ++y) {
-        const Mix mix = mixOf(y, target.height(), source.height());
-        std::ranges::fill(mixed, 0.0);
-        int row = static_cast<int>(mix.first);
-        for (const double weight : mix.weights) addLine(mixed, source.line(row++), weight);
-        scaleLine(scaled, mixed, columns);
-        putLine(target.line(y), scaled);
-    }
-}
-
-/// The source's lines scaled to the target's width, each once, the last few kept.
-class ScaledLines {
- public:
-    ScaledLines(const DeviceContext& source, const std::vector<Mix>& columns)
-        : m_source(source), m_columns(columns), m_plain(blackLine(source.width())) {
-        for (Line& line : m_kept) line.resize(columns.size() * kChannels);
-        m_rows.fill(-1);
-    }
-
-    const Line& at(int row) {
-        const std::size_t place = static_cast<std::size_t>(row) % kKept;
-        if (m_rows[place] != row) {
-            std::ranges::fill(m_plain, 0.0);
-            addLine(m_plain, m_source.line(row), 1.0);
-            scaleLine(m_kept[place], m_plain, m_columns);
-            m_rows[place] = row;
-        }
-        return m_kept[place];
-    }
-
- private:
-    static constexpr std::size_t kKept = 8;  // the kernel of an enlargement meets five lines at most
-
-    const DeviceContext& m_source;
-    const std::vector<Mix>& m_columns;
-    Line m_plain;
-    std::array<Line, kKept> m_kept;
-    std::array<int, kKept> m_rows{};
-};
-
-void enlargeLines(DeviceContext& target, const DeviceContext& source, const std::vector<Mix>& columns) {
-    ScaledLines lines(source, columns);
-    Line mixed = blackLine(target.width());
-    for (int y = 0; y < target.height(); ++y) {
-        const Mix mix = mixOf(y, target.height(), source.height());
-        std::ranges::fill(mixed, 0.0);
-        int row = static_cast<int>(mix.first);
-        for (const double weight : mix.weights) addLine(mixed, lines.at(row++), weight);
-        putLine(target.line(y), mixed);
+        for (const double channel : sum) *pixels++ = clampByte(static_cast<int>(std::floor(channel + 0.5)));
+        *pixels++ = 0;
     }
 }
 
 }  // namespace
 
+/// Lines are mixed before columns, so that no more than one mixed line is ever kept.
 void scalePlainly(DeviceContext& target, const DeviceContext& source) {
-    std::vector<Mix> columns;
-    columns.reserve(static_cast<std::size_t>(target.width()));
-    for (int x = 0; x < target.width(); ++x) {
-        columns.push_back(mixOf(x, target.width(), source.width()));
-    }
-    if (target.height() < source.height()) {
-        shrinkLines(target, source, columns);
-    } else {
-        enlargeLines(target, source, columns);
+    for (int x = 0; x < target.width();) {
+        const ColumnBlock block = blockAt(x, target.width(), source.width());
+        Line mixed((block.sourceEnd - block.sourceBegin) * kChannels);
+        for (int y = 0; y < target.height(); ++y) {
+            const Mix mix = mixOf(y, target.height(), source.height());
+            std::ranges::fill(mixed, 0.0);
+            int row = static_cast<int>(mix.first);
+            for (const double weight : mix.weights) {
+                addPixels(mixed, source.line(row++) + block.sourceBegin * kPixelBytes, weight);
+            }
+            putBlock(target.line(y) + std::ptrdiff_t{x} * 4, mixed, block);
+        }
+        x += static_cast<int>(block.mixes.size());
     }
 }
 

@@ -106,8 +106,14 @@ void GifFile::readLine(std::span<std::uint8_t> indices) {
     }
 }
 
-void GifFile::readEnd() {
+bool GifFile::readEnd() {
     if (m_input.ahead(1).empty()) fail("behind its first frame");
+    GifFrame ignored;
+    GifRecordType type = UNDEFINED_RECORD_TYPE;
+    while (DGifGetRecordType(m_file.get(), &type) == GIF_OK && type == EXTENSION_RECORD_TYPE) {
+        readExtension(ignored);
+    }
+    return type == IMAGE_DESC_RECORD_TYPE;
 }
 
 void GifFile::fail(const std::string& place) const {

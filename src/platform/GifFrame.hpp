@@ -44,8 +44,8 @@ class GifFile {
     /// Reads the frame's next line in the order of the file, one index a byte.
     void readLine(std::span<std::uint8_t> indices);
 
-    /// Checks that the file does not end with the frame.
-    void readEnd();
+    /// Checks that the file does not end with the frame. Whether another frame follows.
+    bool readEnd();
 
  private:
     struct Close {

@@ -41,6 +41,18 @@ void readIndices(GifFile& file, const GifFrame& frame, PixelBuffer& pixels, std:
     }
 }
 
+// A few bytes could claim a screen of gigabytes that they do not fill.
+void checkCoverage(const GifFrame& frame) {
+    constexpr std::int64_t kFree = 1 << 20;
+    constexpr std::int64_t kLeastShare = 64;
+    const std::int64_t screen = std::int64_t{frame.screenWidth} * frame.screenHeight;
+    const std::int64_t covered = std::int64_t{frame.width} * frame.height;
+    if (screen <= kFree || covered >= screen / kLeastShare) return;
+    throw PictureError("a frame of " + std::to_string(frame.width) + " x " + std::to_string(frame.height) +
+                       " pixels is too small for a screen of " + std::to_string(frame.screenWidth) + " x " +
+                       std::to_string(frame.screenHeight));
+}
+
 }  // namespace
 
 StdPicture readGif(ByteSource& source, const ReadOptions& options) {
@@ -48,6 +60,7 @@ StdPicture readGif(ByteSource& source, const ReadOptions& options) {
     GifFile file(input);
     const GifFrame frame = file.readFrame();
     checkPictureSize(frame.screenWidth, frame.screenHeight, options);
+    checkCoverage(frame);
 
     std::optional<PixelBuffer> pixels = PixelBuffer::create(frame.screenWidth, frame.screenHeight);
     if (!pixels) throw std::bad_alloc();
@@ -55,7 +68,7 @@ StdPicture readGif(ByteSource& source, const ReadOptions& options) {
     picture.pixels = std::move(*pixels);
     std::array<bool, 256> isUsed{};
     readIndices(file, frame, picture.pixels, isUsed);
-    file.readEnd();
+    picture.hasMoreFrames = file.readEnd();
     applyGifPalette(picture, frame, isUsed, options.background);
     return picture;
 }

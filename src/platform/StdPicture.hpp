@@ -44,6 +44,8 @@ struct StdPicture {
     std::vector<std::uint8_t> indices;
     /// The file has transparent pixels; they lie over the background here.
     bool hadTransparency = false;
+    /// The file has more pictures behind this one.
+    bool hasMoreFrames = false;
     /// How the camera was held, by the file: EXIF's orientation, 1 to 8, 1 where none is told. The pixels
     /// are as they are stored.
     int orientation = 1;

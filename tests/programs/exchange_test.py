@@ -2,6 +2,7 @@
 """Picture files that other programs write and read: ImageMagick and netpbm. MOBREL_BATCH of the environment
 names the batch program."""
 
+import json
 import os
 import random
 import shutil
@@ -202,6 +203,27 @@ class ExchangeTest(unittest.TestCase):
                               "-type", "TrueColor", "-depth", "8", "ppm:-"))
         self.assertLessEqual(distance(halved, told), 2)
 
+    def batch_here(self, *arguments, status=0):
+        ended = subprocess.run([PROGRAM, "-o", str(self.root), "--force", *arguments], capture_output=True,
+                               cwd=self.root, timeout=60, check=False)
+        self.assertEqual(ended.returncode, status, ended.stderr)
+        return ended
+
+    def test_formats_have_their_limits(self):
+        (self.root / "a.bmp").write_bytes(convert("-size", "10x1", "xc:red", "bmp3:-"))
+        for name, most in (("jpeg", b"65500"), ("gif", b"65535")):
+            ended = self.batch_here("-f", name, "Resize:Width=65600,Height=1", "--", "a.bmp", status=1)
+            self.assertIn(b"whose sides have at most " + most, ended.stderr)
+        for name, depth in (("png", 24), ("bmp", 8)):
+            ended = self.batch_here("-f", name, "--json", "Depth:Mode=Greys256", "--", "a.bmp")
+            self.assertEqual(json.loads(ended.stdout)["depth"], depth)
+        frames = convert("-size", "9x9", "xc:red", "xc:blue", "gif:-")
+        (self.root / "two.gif").write_bytes(frames)
+        self.assertIn(b"has more pictures", self.batch_here("-f", "png", "--", "two.gif").stderr)
+        claim = frames[:6] + struct.pack("<HH", 60000, 8000) + frames[10:]
+        (self.root / "claim.gif").write_bytes(claim)
+        self.assertIn(b"is too small for a screen", self.batch_here("-f", "png", "--", "claim.gif", status=1).stderr)
+
     def test_transparency_is_laid_over_the_background_and_said(self):
         data = convert("-size", "4x3", "xc:#ff000080", "png:-")
         path = self.root / "a.png"
@@ -209,8 +231,7 @@ class ExchangeTest(unittest.TestCase):
         for options, expected, said in (([], (128, 0, 0), True), (["--background", "#00ff00"], (128, 127, 0), True),
                                         (["--quiet"], (128, 0, 0), False)):
             with self.subTest(options):
-                ended = subprocess.run([PROGRAM, "-f", "bmp", "-o", str(self.root), "--force", *options, KEEP,
-                                        "--", str(path)], capture_output=True, timeout=60, check=True)
+                ended = self.batch_here("-f", "bmp", *options, "--", str(path))
                 self.assertEqual(b"has transparency" in ended.stderr, said)
                 pixels = pixels_of((self.root / "a.bmp").read_bytes())
                 self.assertEqual(pixels, (4, 3, bytes(expected) * 12))

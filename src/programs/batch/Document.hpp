@@ -21,6 +21,7 @@ struct Document {
     /// What its file was, and what that told.
     PictureFileFormat format = PictureFileFormat::Bmp;
     bool hadTransparency = false;
+    bool hasMoreFrames = false;
     int orientation = 1;
 
     /// For a step that makes colours which no palette has.

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <memory>
 #include <utility>
 
@@ -19,6 +20,18 @@ constexpr std::array<std::string_view, 1> kGifExtensions = {".gif"};
 constexpr std::array<std::string_view, 3> kJpegExtensions = {".jpg", ".jpeg", ".jpe"};
 constexpr std::array<std::string_view, 1> kPngExtensions = {".png"};
 
+int bmpDepth(const Document& document) {
+    return document.depth;
+}
+
+int paletteDepth(const Document&) {
+    return 8;
+}
+
+int trueColorDepth(const Document&) {
+    return 24;
+}
+
 void writeBmp(FileWriter& file, const Document& document, int) {
     cDIBSave().Write_BMP(file, document.surface, document.palette, &document.indices, document.depth);
 }
@@ -28,11 +41,13 @@ void writeImage(FileWriter& file, const Document& document, int quality) {
     writePicture(file, document.surface, Format, quality);
 }
 
+constexpr int kAnySide = std::numeric_limits<int>::max();
+
 constexpr std::array<PictureFormat, 4> kFormats = {{
-    {PictureFileFormat::Bmp, "bmp", kBmpExtensions, writeBmp},
-    {PictureFileFormat::Gif, "gif", kGifExtensions, writeImage<ImageFormat::Gif>},
-    {PictureFileFormat::Jpeg, "jpg", kJpegExtensions, writeImage<ImageFormat::Jpeg>},
-    {PictureFileFormat::Png, "png", kPngExtensions, writeImage<ImageFormat::Png>},
+    {PictureFileFormat::Bmp, "bmp", kBmpExtensions, kAnySide, bmpDepth, writeBmp},
+    {PictureFileFormat::Gif, "gif", kGifExtensions, 65535, paletteDepth, writeImage<ImageFormat::Gif>},
+    {PictureFileFormat::Jpeg, "jpg", kJpegExtensions, 65500, trueColorDepth, writeImage<ImageFormat::Jpeg>},
+    {PictureFileFormat::Png, "png", kPngExtensions, kAnySide, trueColorDepth, writeImage<ImageFormat::Png>},
 }};
 
 bool hasExtension(std::string_view name, std::string_view extension) {
@@ -50,8 +65,9 @@ std::string_view extensionOf(std::string_view name, const PictureFormat& format)
 }  // namespace
 
 const PictureFormat* formatNamed(std::string_view name) {
-    const auto found = std::ranges::find_if(
-        kFormats, [&](const PictureFormat& format) { return equalIgnoringCase(format.name, name); });
+    const auto found = std::ranges::find_if(kFormats, [&](const PictureFormat& format) {
+        return !extensionOf("a." + std::string(name), format).empty();
+    });
     return found == kFormats.end() ? nullptr : &*found;
 }
 
@@ -83,6 +99,7 @@ void readDocument(ByteSource& source, const ReadOptions& options, Document& docu
     LoadedPicture loaded = readPicture(source, options);
     document.format = loaded.format;
     document.hadTransparency = loaded.picture.hadTransparency;
+    document.hasMoreFrames = loaded.picture.hasMoreFrames;
     document.orientation = loaded.picture.orientation;
     auto picture = std::make_unique<StdPicture>(std::move(loaded.picture));
     document.depth = static_cast<std::uint8_t>(

@@ -20,11 +20,15 @@ struct PictureFormat {
     std::string_view name;
     /// With their dots. A target without any of them gets the first.
     std::span<const std::string_view> extensions;
+    /// The longest side of a picture.
+    int mostSide = 0;
+    /// Bits a pixel of the file that a document gives.
+    int (*depthOf)(const Document&);
     /// `quality`, 0 to 100, is JPEG's.
     void (*write)(FileWriter&, const Document&, int quality);
 };
 
-/// Nothing where there is none of that name; the case of its letters counts for nothing.
+/// By the name or an extension without its dot, in any letter case. Null where there is none.
 const PictureFormat* formatNamed(std::string_view name);
 
 const PictureFormat& formatOf(PictureFileFormat format);

@@ -85,7 +85,7 @@ void declareOptions(CLI::App& app, Written& written) {
     app.add_flag("--keep-orientation", written.keepOrientation,
                  "Leave pictures as they are stored, whatever they say of the camera");
     app.add_flag("--json", written.json, "Tell of each picture in a line of JSON on standard output");
-    app.add_flag("--quiet", written.quiet, "No progress and no count at the end");
+    app.add_flag("--quiet", written.quiet, "No progress, no notes and no count at the end");
     app.add_flag("--info", written.info, "Do no step: tell size, depth and colours of each picture");
     app.add_flag("--list", written.list, "Print all steps with their arguments and exit");
 }
@@ -187,8 +187,8 @@ Placement placementOf(const Written& written, bool fromStandardInput) {
 Options optionsOf(const Written& written, Texts pictures) {
     if (written.info) {
         checkInfo(written);
-    } else if (written.steps.empty()) {
-        throw UsageError("no step given (--list shows all)");
+    } else if (written.steps.empty() && !written.format) {
+        throw UsageError("no step given (--list shows all); only -f goes without");
     }
     if (pictures.empty()) throw UsageError("no picture given; pictures stand behind --");
     Options options;

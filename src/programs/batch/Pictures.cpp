@@ -3,6 +3,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <exception>
 #include <new>
@@ -49,8 +50,31 @@ void applySteps(const Work& work, Document& document) {
     stopWhenInterrupted();
 }
 
+const PictureFormat& resultFormat(const Work& work, const Document& document) {
+    return work.format ? *work.format : formatOf(document.format);
+}
+
+void checkSides(const cDIB& surface, const PictureFormat& format) {
+    if (std::max(surface.Width(), surface.Height()) <= format.mostSide) return;
+    throw Failure(std::to_string(surface.Width()) + " x " + std::to_string(surface.Height()) +
+                  " pixels are too long for a " + std::string(format.name) +
+                  " file, whose sides have at most " + std::to_string(format.mostSide));
+}
+
+// What is lost besides what the steps change.
+std::string noteOn(const Document& document) {
+    std::string note;
+    if (document.hadTransparency) note = "has transparency, which is laid over the background";
+    if (document.hasMoreFrames) {
+        if (!note.empty()) note += "; ";
+        note += "has more pictures, of which the first counts";
+    }
+    return note;
+}
+
 void writeResult(const Task& task, const Work& work, const Document& document) {
-    const PictureFormat& format = work.format ? *work.format : formatOf(document.format);
+    const PictureFormat& format = resultFormat(work, document);
+    checkSides(document.surface, format);
     const auto write = [&](FileWriter& file) { format.write(file, document, work.quality); };
     switch (work.placement) {
         case Placement::Beside:
@@ -71,14 +95,15 @@ void doSteps(const Task& task, const Work& work, Outcome& outcome) {
     Document document;
     if (work.placement == Placement::Beside) checkFree(task.target);
     readPicture(task, work, document);
-    if (document.hadTransparency) outcome.note = "has transparency, which is laid over the background";
+    outcome.note = noteOn(document);
     if (!work.keepOrientation) turnUpright(document, document.orientation);
     applySteps(work, document);
     writeResult(task, work, document);
     if (work.placement == Placement::Nowhere) outcome.info = infoOf(document);
     outcome.width = document.surface.Width();
     outcome.height = document.surface.Height();
-    outcome.depth = document.depth;
+    const bool isResult = work.placement != Placement::Nowhere;
+    outcome.depth = isResult ? resultFormat(work, document).depthOf(document) : document.depth;
     outcome.status = Status::Done;
 }
 

@@ -44,7 +44,7 @@ std::string targetOf(const std::string& picture, const Options& options) {
 void refuseSharedTargets(std::vector<Task>& tasks) {
     std::unordered_map<std::string_view, const std::string*> pictureOfTarget;
     for (Task& task : tasks) {
-        if (task.target.empty()) continue;
+        if (task.target.empty() || !task.refusal.empty()) continue;
         const auto [first, isFirst] = pictureOfTarget.try_emplace(task.target, &task.picture);
         if (!isFirst) task.refusal = "has the same target as " + onOneLine(*first->second);
     }
@@ -70,8 +70,8 @@ std::vector<Task> planTasks(const Options& options) {
     for (const std::string& picture : options.pictures) {
         tasks.push_back({picture, targetOf(picture, options), {}});
     }
-    refuseSharedTargets(tasks);
     if (options.placement == Placement::Over) refuseTargetsThatArePictures(tasks);
+    refuseSharedTargets(tasks);
     return tasks;
 }
 
