@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "filters/kernels/neighbourhood_bytes.hpp"
+#include "filters/kernels/rounded_vectors.hpp"
 #include "platform/Numbers.hpp"
 
 namespace mobrel::kernels {
@@ -29,12 +30,18 @@ Window windowAt(const Rows3& rows, int at) {
             rows.at[at + 4],    rows.above[at - 4], rows.above[at],     rows.above[at + 4]};
 }
 
-/// Writes rule(window) to the three channels of each inner pixel.
+/// Writes rule(window) to the three channels of each inner pixel from column `first` on.
 template <typename Rule>
-void forInnerChannels(const Rows3& from, std::uint8_t* to, int width, Rule rule) {
-    for (int x = 1; x < width - 1; ++x) {
+void forInnerChannels(const Rows3& from, std::uint8_t* to, int first, int width, Rule rule) {
+    for (int x = first; x < width - 1; ++x) {
         for (int at = x * 4; at < x * 4 + 3; ++at) to[at] = rule(windowAt(from, at));
     }
+}
+
+/// The same for all of them.
+template <typename Rule>
+void forInnerChannels(const Rows3& from, std::uint8_t* to, int width, Rule rule) {
+    forInnerChannels(from, to, 1, width, rule);
 }
 
 /// Weights for which a weighted sum stays below 2^15: 8 x 255 + 120 x 255.
@@ -88,7 +95,13 @@ void relieveRow(Rows3 from, std::uint8_t* to, int width, float k) {
 
 void outlineRow(Rows3 from, std::uint8_t* to, int width, float k, std::int32_t shift) {
     const double strength = k;
-    forInnerChannels(from, to, width, [=](const Window& s) {
+    int first = 1;
+    if (width > 2 && std::abs(strength) <= kMostFactor &&
+        std::abs(static_cast<double>(shift)) <= kMostFactor) {
+        first +=
+            static_cast<int>(outlinedPixels(from, to, static_cast<std::size_t>(width - 2), strength, shift));
+    }
+    forInnerChannels(from, to, first, width, [=](const Window& s) {
         const int mean = (s.beside() + s.centre) / 5;
         return clampByte(roundInt(mean - strength * (s.largest() - s.centre) + shift));
     });
@@ -111,13 +124,21 @@ void minimumRow(Rows3 from, std::uint8_t* to, int width) {
 void embossRow(const std::uint8_t* from, const std::uint8_t* neighbours, std::uint8_t* to, int count,
                float f) {
     const double strength = f;
-    for (int x = 0; x < count; ++x) {
+    const auto raise = [&](int x) {
         const std::uint8_t* neighbour = neighbours + std::ptrdiff_t{x == 0 ? 0 : x - 1} * 4;
         for (int channel = 0; channel < 3; ++channel) {
             const int difference = from[x * 4 + channel] - neighbour[channel];
             to[x * 4 + channel] = clampByte(roundInt(std::abs(strength * difference + 128)));
         }
+    };
+    if (count < 1) return;
+    raise(0);
+    int x = 1;
+    if (std::abs(strength) <= kMostFactor) {
+        x += static_cast<int>(
+            embossedPixels(from + 4, neighbours, to + 4, static_cast<std::size_t>(count - 1), strength));
     }
+    for (; x < count; ++x) raise(x);
 }
 
 }  // namespace mobrel::kernels

@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "filters/kernels/point_vectors.hpp"
+#include "filters/kernels/rounded_vectors.hpp"
 #include "imaging/WeightedGrey.hpp"
 #include "platform/Numbers.hpp"
 
@@ -107,7 +108,11 @@ void tableRow(std::uint8_t* row, int width, const ByteTable& blue, const ByteTab
 
 void saturationRow(std::uint8_t* row, int width, float f) {
     const double strength = f;
-    for (int x = 0; x < width; ++x, row += 4) {
+    int x = 0;
+    if (std::abs(strength) <= kMostFactor) {
+        x = static_cast<int>(saturatedPixels(row, static_cast<std::size_t>(width), strength));
+    }
+    for (row += std::ptrdiff_t{x} * 4; x < width; ++x, row += 4) {
         const int grey = plainGrey(row);
         for (int channel = 0; channel < 3; ++channel) {
             const int c = row[channel];

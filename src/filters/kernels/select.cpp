@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "filters/kernels/rounded_vectors.hpp"
 #include "platform/Numbers.hpp"
 
 namespace mobrel::kernels {
@@ -46,6 +47,7 @@ void moveTowards(std::uint8_t* pixel, const mHSL::Rgb& target, float weight) {
 ColorizeTable::ColorizeTable(float hue, float saturation, float luminosity) {
     for (std::size_t sum = 0; sum < m_pixels.size(); ++sum) {
         m_pixels[sum] = colorized(static_cast<int>(sum), hue, saturation, luminosity);
+        m_hasErrors |= m_pixels[sum] == kOverflow;
     }
 }
 
@@ -56,7 +58,11 @@ std::uint32_t ColorizeTable::pixelOf(int sum) const {
 }
 
 void colorizeRow(std::uint8_t* row, int width, const ColorizeTable& table) {
-    for (int x = 0; x < width; ++x, row += 4) {
+    int x = 0;
+    if (const std::uint32_t* const pixels = table.pixels()) {
+        x = static_cast<int>(pixelsBySum(row, static_cast<std::size_t>(width), pixels));
+    }
+    for (row += std::ptrdiff_t{x} * 4; x < width; ++x, row += 4) {
         const std::uint32_t pixel = table.pixelOf(row[2] + row[1] + row[0]);
         row[0] = static_cast<std::uint8_t>(pixel);
         row[1] = static_cast<std::uint8_t>(pixel >> 8);

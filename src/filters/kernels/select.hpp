@@ -16,9 +16,12 @@ class ColorizeTable {
 
     /// The new pixel, 0x00RRGGBB, for a sum of 0 to 765. Error 6 where a channel leaves the byte.
     std::uint32_t pixelOf(int sum) const;
+    /// The new pixels of all sums; null where one of them is an error.
+    const std::uint32_t* pixels() const { return m_hasErrors ? nullptr : m_pixels.data(); }
 
  private:
     std::array<std::uint32_t, 766> m_pixels{};
+    bool m_hasErrors = false;
 };
 
 void colorizeRow(std::uint8_t* row, int width, const ColorizeTable& table);

@@ -1,0 +1,262 @@
+// SPDX-License-Identifier: MIT
+// Compiled once for each set of instructions; the processor's best is chosen when it runs.
+#include "filters/kernels/rounded_vectors.hpp"
+
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "filters/kernels/rounded_vectors.cpp"
+#include <hwy/foreach_target.h>  // IWYU pragma: keep
+#include <hwy/highway.h>
+
+HWY_BEFORE_NAMESPACE();
+namespace mobrel::kernels {
+namespace HWY_NAMESPACE {
+
+#if HWY_TARGET == HWY_SCALAR  // one lane is no vector
+
+std::size_t Saturation(std::uint8_t*, std::size_t, double) {
+    return 0;
+}
+std::size_t Emboss(const std::uint8_t*, const std::uint8_t*, std::uint8_t*, std::size_t, double) {
+    return 0;
+}
+std::size_t Outline(const Rows3&, std::uint8_t*, std::size_t, double, double) {
+    return 0;
+}
+std::size_t BySum(std::uint8_t*, std::size_t, const std::uint32_t*) {
+    return 0;
+}
+
+#else
+
+namespace hn = hwy::HWY_NAMESPACE;
+
+/// One pixel a lane.
+using Integers = hn::ScalableTag<std::int32_t>;
+using Halves = hn::Half<Integers>;
+using Doubles = hn::RebindToFloat<hn::RepartitionToWide<Integers> >;
+using IntegerVector = hn::Vec<Integers>;
+using DoubleVector = hn::Vec<Doubles>;
+
+HWY_INLINE IntegerVector load(const std::uint8_t* pixels) {
+    return hn::BitCast(Integers(), hn::LoadU(hn::Repartition<std::uint8_t, Integers>(), pixels));
+}
+HWY_INLINE void store(IntegerVector pixels, std::uint8_t* to) {
+    const hn::Repartition<std::uint8_t, Integers> bytes;
+    hn::StoreU(hn::BitCast(bytes, pixels), bytes, to);
+}
+
+template <int kShift>
+HWY_INLINE IntegerVector channel(IntegerVector pixels) {
+    return hn::And(hn::ShiftRight<kShift>(pixels), hn::Set(Integers(), 0xFF));
+}
+
+/// Whole numbers as doubles, the lower half of the lanes and the upper one.
+struct Numbers {
+    DoubleVector lower;
+    DoubleVector upper;
+
+    HWY_INLINE explicit Numbers(IntegerVector v)
+        : lower(hn::PromoteTo(Doubles(), hn::LowerHalf(Halves(), v))),
+          upper(hn::PromoteTo(Doubles(), hn::UpperHalf(Halves(), v))) {}
+    HWY_INLINE explicit Numbers(double value) : lower(hn::Set(Doubles(), value)), upper(lower) {}
+    HWY_INLINE Numbers(DoubleVector lowerHalf, DoubleVector upperHalf) : lower(lowerHalf), upper(upperHalf) {}
+
+    HWY_INLINE IntegerVector rounded() const {
+        return hn::Combine(Integers(), hn::DemoteTo(Halves(), hn::Round(upper)),
+                           hn::DemoteTo(Halves(), hn::Round(lower)));
+    }
+};
+HWY_INLINE Numbers operator+(const Numbers& a, const Numbers& b) {
+    return {hn::Add(a.lower, b.lower), hn::Add(a.upper, b.upper)};
+}
+HWY_INLINE Numbers operator-(const Numbers& a, const Numbers& b) {
+    return {hn::Sub(a.lower, b.lower), hn::Sub(a.upper, b.upper)};
+}
+HWY_INLINE Numbers operator*(const Numbers& a, const Numbers& b) {
+    return {hn::Mul(a.lower, b.lower), hn::Mul(a.upper, b.upper)};
+}
+HWY_INLINE Numbers magnitude(const Numbers& a) {
+    return {hn::Abs(a.lower), hn::Abs(a.upper)};
+}
+
+HWY_INLINE IntegerVector limited(IntegerVector v) {
+    return hn::Min(hn::Max(v, hn::Zero(Integers())), hn::Set(Integers(), 255));
+}
+
+HWY_INLINE IntegerVector sumOfChannels(IntegerVector pixels) {
+    return hn::Add(hn::Add(channel<0>(pixels), channel<8>(pixels)), channel<16>(pixels));
+}
+
+/// The colours with byte 3 of `pixels`.
+HWY_INLINE IntegerVector joined(IntegerVector b, IntegerVector g, IntegerVector r, IntegerVector pixels) {
+    const IntegerVector colours = hn::Or(hn::Or(b, hn::ShiftLeft<8>(g)), hn::ShiftLeft<16>(r));
+    return hn::Or(colours, hn::AndNot(hn::Set(Integers(), 0x00FFFFFF), pixels));
+}
+
+/// Calls work(first byte of a vector of pixels) as often as whole vectors are there.
+template <typename Work>
+HWY_INLINE std::size_t forVectors(std::size_t count, const Work& work) {
+    const std::size_t step = hn::Lanes(Integers());
+    std::size_t done = 0;
+    for (; done + step <= count; done += step) work(done * 4);
+    return done;
+}
+
+struct SaturationWork {
+    std::uint8_t* row;
+    double f;
+
+    HWY_INLINE IntegerVector moved(IntegerVector c, IntegerVector grey) const {
+        return limited((Numbers(f) * Numbers(hn::Sub(c, grey)) + Numbers(c)).rounded());
+    }
+    HWY_INLINE void operator()(std::size_t at) const {
+        const IntegerVector pixels = load(row + at);
+        // n div 3 for n up to 765.
+        const IntegerVector grey =
+            hn::ShiftRight<16>(hn::Mul(sumOfChannels(pixels), hn::Set(Integers(), 21846)));
+        store(joined(moved(channel<0>(pixels), grey), moved(channel<8>(pixels), grey),
+                     moved(channel<16>(pixels), grey), pixels),
+              row + at);
+    }
+};
+
+std::size_t Saturation(std::uint8_t* row, std::size_t count, double f) {
+    return forVectors(count, SaturationWork{row, f});
+}
+
+struct EmbossWork {
+    const std::uint8_t* from;
+    const std::uint8_t* neighbours;
+    std::uint8_t* to;
+    double f;
+
+    HWY_INLINE IntegerVector raised(IntegerVector c, IntegerVector neighbour) const {
+        return limited(magnitude(Numbers(f) * Numbers(hn::Sub(c, neighbour)) + Numbers(128.0)).rounded());
+    }
+    HWY_INLINE void operator()(std::size_t at) const {
+        const IntegerVector pixels = load(from + at);
+        const IntegerVector beside = load(neighbours + at);
+        store(joined(raised(channel<0>(pixels), channel<0>(beside)),
+                     raised(channel<8>(pixels), channel<8>(beside)),
+                     raised(channel<16>(pixels), channel<16>(beside)), load(to + at)),
+              to + at);
+    }
+};
+
+std::size_t Emboss(const std::uint8_t* from, const std::uint8_t* neighbours, std::uint8_t* to,
+                   std::size_t count, double f) {
+    return forVectors(count, EmbossWork{from, neighbours, to, f});
+}
+
+/// Of each byte the larger one.
+HWY_INLINE IntegerVector larger(IntegerVector a, IntegerVector b) {
+    const hn::Repartition<std::uint8_t, Integers> bytes;
+    return hn::BitCast(Integers(), hn::Max(hn::BitCast(bytes, a), hn::BitCast(bytes, b)));
+}
+
+/// The nine pixels of which the first of a vector begins at byte `at` of the middle row.
+struct Nine {
+    IntegerVector belowLeft, below, belowRight;
+    IntegerVector left, centre, right;
+    IntegerVector aboveLeft, above, aboveRight;
+
+    HWY_INLINE Nine(const Rows3& rows, std::size_t at)
+        : belowLeft(load(rows.below + at - 4)),
+          below(load(rows.below + at)),
+          belowRight(load(rows.below + at + 4)),
+          left(load(rows.at + at - 4)),
+          centre(load(rows.at + at)),
+          right(load(rows.at + at + 4)),
+          aboveLeft(load(rows.above + at - 4)),
+          above(load(rows.above + at)),
+          aboveRight(load(rows.above + at + 4)) {}
+
+    template <int kShift>
+    HWY_INLINE IntegerVector sumOfFive() const {
+        return hn::Add(hn::Add(hn::Add(channel<kShift>(below), channel<kShift>(above)),
+                               hn::Add(channel<kShift>(left), channel<kShift>(right))),
+                       channel<kShift>(centre));
+    }
+    HWY_INLINE IntegerVector largest() const {
+        return larger(larger(larger(belowLeft, below), larger(belowRight, left)),
+                      larger(larger(centre, right), larger(larger(aboveLeft, above), aboveRight)));
+    }
+};
+
+struct OutlineWork {
+    const Rows3& rows;
+    std::uint8_t* to;
+    double k;
+    double shift;
+
+    template <int kShift>
+    HWY_INLINE IntegerVector drawn(const Nine& s, IntegerVector largest) const {
+        // n div 5 for n up to 1,275.
+        const IntegerVector mean =
+            hn::ShiftRight<16>(hn::Mul(s.sumOfFive<kShift>(), hn::Set(Integers(), 13108)));
+        const IntegerVector edge = hn::Sub(channel<kShift>(largest), channel<kShift>(s.centre));
+        return limited((Numbers(mean) - Numbers(k) * Numbers(edge) + Numbers(shift)).rounded());
+    }
+    HWY_INLINE void operator()(std::size_t at) const {
+        const Nine s(rows, at + 4);
+        const IntegerVector largest = s.largest();
+        store(joined(drawn<0>(s, largest), drawn<8>(s, largest), drawn<16>(s, largest), s.centre),
+              to + at + 4);
+    }
+};
+
+std::size_t Outline(const Rows3& from, std::uint8_t* to, std::size_t count, double k, double shift) {
+    return forVectors(count, OutlineWork{from, to, k, shift});
+}
+
+struct BySumWork {
+    std::uint8_t* row;
+    const std::uint32_t* table;
+
+    HWY_INLINE void operator()(std::size_t at) const {
+        const IntegerVector pixels = load(row + at);
+        const auto* const entries = reinterpret_cast<const std::int32_t*>(table);
+        const IntegerVector colours = hn::GatherIndex(Integers(), entries, sumOfChannels(pixels));
+        store(hn::Or(colours, hn::AndNot(hn::Set(Integers(), 0x00FFFFFF), pixels)), row + at);
+    }
+};
+
+std::size_t BySum(std::uint8_t* row, std::size_t count, const std::uint32_t* table) {
+    return forVectors(count, BySumWork{row, table});
+}
+
+#endif
+
+}  // namespace HWY_NAMESPACE
+}  // namespace mobrel::kernels
+HWY_AFTER_NAMESPACE();
+
+#if HWY_ONCE
+
+namespace mobrel::kernels {
+
+HWY_EXPORT(Saturation);
+HWY_EXPORT(Emboss);
+HWY_EXPORT(Outline);
+HWY_EXPORT(BySum);
+
+std::size_t saturatedPixels(std::uint8_t* row, std::size_t count, double f) {
+    return HWY_DYNAMIC_DISPATCH(Saturation)(row, count, f);
+}
+
+std::size_t embossedPixels(const std::uint8_t* from, const std::uint8_t* neighbours, std::uint8_t* to,
+                           std::size_t count, double f) {
+    return HWY_DYNAMIC_DISPATCH(Emboss)(from, neighbours, to, count, f);
+}
+
+std::size_t outlinedPixels(const Rows3& from, std::uint8_t* to, std::size_t count, double k, double shift) {
+    return HWY_DYNAMIC_DISPATCH(Outline)(from, to, count, k, shift);
+}
+
+std::size_t pixelsBySum(std::uint8_t* row, std::size_t count, const std::uint32_t* table) {
+    return HWY_DYNAMIC_DISPATCH(BySum)(row, count, table);
+}
+
+}  // namespace mobrel::kernels
+
+#endif  // HWY_ONCE

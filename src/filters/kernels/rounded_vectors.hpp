@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+// Kernels whose recipes round products of double precision, in vectors. They compute the same products, so
+// their results are the same by construction. Each begins with the first pixel and tells how many pixels it
+// has done; what is left is less than a vector.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "filters/kernels/neighbourhood.hpp"
+
+namespace mobrel::kernels {
+
+/// Factors and summands up to which no rounded value leaves 32 bits.
+constexpr double kMostFactor = 1'000'000;
+
+/// saturationRow.
+std::size_t saturatedPixels(std::uint8_t* row, std::size_t count, double f);
+
+/// embossRow, for pixels that have a neighbour: pixel i of `neighbours` is that of pixel i.
+std::size_t embossedPixels(const std::uint8_t* from, const std::uint8_t* neighbours, std::uint8_t* to,
+                           std::size_t count, double f);
+
+/// outlineRow, for `count` pixels from column 1.
+std::size_t outlinedPixels(const Rows3& from, std::uint8_t* to, std::size_t count, double k, double shift);
+
+/// Each pixel becomes the entry of its sum of channels, 0x00RRGGBB, of 766 entries.
+std::size_t pixelsBySum(std::uint8_t* row, std::size_t count, const std::uint32_t* table);
+
+}  // namespace mobrel::kernels
