@@ -227,9 +227,9 @@ void cDIBFilter::RankFilterMinimum(cDIB& DIB) {
 }
 
 void cDIBFilter::Relieve(cDIB& DIB, std::int32_t Level) {
-    const auto k = static_cast<float>(wrapSub(101, Level) / 10.0);
+    const kernels::ReliefFactor factor(static_cast<float>(wrapSub(101, Level) / 10.0));
     runOnInnerRows(
-        DIB, [k](kernels::Rows3 S, std::uint8_t* D, int width) { kernels::relieveRow(S, D, width, k); });
+        DIB, [&](kernels::Rows3 S, std::uint8_t* D, int width) { kernels::relieveRow(S, D, width, factor); });
 }
 
 void cDIBFilter::ReplaceHS(cDIB& DIB, std::uint32_t ColorFrom, std::uint32_t ColorTo, std::int32_t Tolerance,

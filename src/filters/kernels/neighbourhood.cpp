@@ -83,9 +83,25 @@ void contourRow(Rows3 from, std::uint8_t* to, int width) {
     });
 }
 
-void relieveRow(Rows3 from, std::uint8_t* to, int width, float k) {
-    const double scale = k;
-    forInnerChannels(from, to, width, [=](const Window& s) {
+ReliefFactor::ReliefFactor(float k) : m_k(k) {
+    constexpr double kMostChecked = 100;  // beyond, trying all values costs more than the quotients
+    if (k == 0 || std::abs(m_k) > kMostChecked) return;
+    const double inverse = 1 / m_k;
+    const int reach = static_cast<int>(std::ceil(std::abs(m_k) * 255)) + 3 * 255;
+    for (int value = -reach; value <= reach; ++value) {
+        if (std::nearbyint(value * inverse) != std::nearbyint(value / m_k)) return;
+    }
+    m_inverse = inverse;
+}
+
+void relieveRow(Rows3 from, std::uint8_t* to, int width, const ReliefFactor& factor) {
+    const double scale = factor.k();
+    int first = 1;
+    if (factor.inverse() && width > 2) {
+        first += static_cast<int>(
+            relievedPixels(from, to, static_cast<std::size_t>(width - 2), scale, *factor.inverse()));
+    }
+    forInnerChannels(from, to, first, width, [=](const Window& s) {
         if (scale == 0) throw RuntimeError(ErrorNumber::DivisionByZero);
         const std::int32_t t = roundInt(s.centre * scale);
         const int e = s.belowRight + s.right + s.below - s.aboveLeft - s.above - s.left;

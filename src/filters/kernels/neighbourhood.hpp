@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 namespace mobrel::kernels {
 
@@ -26,9 +27,23 @@ void sharpenRow(Rows3 from, std::uint8_t* to, int width, std::int32_t w);
 /// 255 - (the largest of the nine - c).
 void contourRow(Rows3 from, std::uint8_t* to, int width);
 
+/// What relieveRow divides by.
+class ReliefFactor {
+ public:
+    explicit ReliefFactor(float k);
+
+    double k() const { return m_k; }
+    /// 1 / k where a product with it rounds as a quotient by k does, whatever the pixels; else nothing.
+    std::optional<double> inverse() const { return m_inverse; }
+
+ private:
+    double m_k;
+    std::optional<double> m_inverse;
+};
+
 /// Round((Round(c k) + e) / k), limited to a byte; e is three pixels of the lower right minus three of
 /// the upper left. Error 11 when k is 0, 6 when a rounded value does not fit 32 bits.
-void relieveRow(Rows3 from, std::uint8_t* to, int width, float k);
+void relieveRow(Rows3 from, std::uint8_t* to, int width, const ReliefFactor& factor);
 
 /// The five-point mean, minus k times the distance to the largest of the nine, plus shift; rounded and
 /// limited to a byte. Error 6 when the rounded value does not fit 32 bits.

@@ -19,6 +19,9 @@ std::size_t Saturation(std::uint8_t*, std::size_t, double) {
 std::size_t Emboss(const std::uint8_t*, const std::uint8_t*, std::uint8_t*, std::size_t, double) {
     return 0;
 }
+std::size_t Relief(const Rows3&, std::uint8_t*, std::size_t, double, double) {
+    return 0;
+}
 std::size_t Outline(const Rows3&, std::uint8_t*, std::size_t, double, double) {
     return 0;
 }
@@ -183,6 +186,31 @@ struct Nine {
     }
 };
 
+struct ReliefWork {
+    const Rows3& rows;
+    std::uint8_t* to;
+    double k;
+    double inverse;
+
+    template <int kShift>
+    HWY_INLINE IntegerVector raised(const Nine& s) const {
+        const IntegerVector lit = hn::Add(hn::Add(channel<kShift>(s.belowRight), channel<kShift>(s.right)),
+                                          channel<kShift>(s.below));
+        const IntegerVector shaded =
+            hn::Add(hn::Add(channel<kShift>(s.aboveLeft), channel<kShift>(s.above)), channel<kShift>(s.left));
+        const IntegerVector centre = (Numbers(channel<kShift>(s.centre)) * Numbers(k)).rounded();
+        return limited((Numbers(hn::Add(centre, hn::Sub(lit, shaded))) * Numbers(inverse)).rounded());
+    }
+    HWY_INLINE void operator()(std::size_t at) const {
+        const Nine s(rows, at + 4);
+        store(joined(raised<0>(s), raised<8>(s), raised<16>(s), s.centre), to + at + 4);
+    }
+};
+
+std::size_t Relief(const Rows3& from, std::uint8_t* to, std::size_t count, double k, double inverse) {
+    return forVectors(count, ReliefWork{from, to, k, inverse});
+}
+
 struct OutlineWork {
     const Rows3& rows;
     std::uint8_t* to;
@@ -237,6 +265,7 @@ namespace mobrel::kernels {
 
 HWY_EXPORT(Saturation);
 HWY_EXPORT(Emboss);
+HWY_EXPORT(Relief);
 HWY_EXPORT(Outline);
 HWY_EXPORT(BySum);
 
@@ -247,6 +276,10 @@ std::size_t saturatedPixels(std::uint8_t* row, std::size_t count, double f) {
 std::size_t embossedPixels(const std::uint8_t* from, const std::uint8_t* neighbours, std::uint8_t* to,
                            std::size_t count, double f) {
     return HWY_DYNAMIC_DISPATCH(Emboss)(from, neighbours, to, count, f);
+}
+
+std::size_t relievedPixels(const Rows3& from, std::uint8_t* to, std::size_t count, double k, double inverse) {
+    return HWY_DYNAMIC_DISPATCH(Relief)(from, to, count, k, inverse);
 }
 
 std::size_t outlinedPixels(const Rows3& from, std::uint8_t* to, std::size_t count, double k, double shift) {

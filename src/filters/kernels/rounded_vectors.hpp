@@ -21,6 +21,9 @@ std::size_t saturatedPixels(std::uint8_t* row, std::size_t count, double f);
 std::size_t embossedPixels(const std::uint8_t* from, const std::uint8_t* neighbours, std::uint8_t* to,
                            std::size_t count, double f);
 
+/// relieveRow by multiplication with `inverse`, for `count` pixels from column 1.
+std::size_t relievedPixels(const Rows3& from, std::uint8_t* to, std::size_t count, double k, double inverse);
+
 /// outlineRow, for `count` pixels from column 1.
 std::size_t outlinedPixels(const Rows3& from, std::uint8_t* to, std::size_t count, double k, double shift);
 

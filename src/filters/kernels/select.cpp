@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "filters/kernels/select.hpp"
 
+#include <algorithm>
 #include <cmath>
 
+#include "filters/kernels/point_vectors.hpp"
 #include "filters/kernels/rounded_vectors.hpp"
 #include "platform/Numbers.hpp"
 
@@ -24,12 +26,18 @@ std::uint32_t colorized(int sum, float hue, float saturation, float luminosity) 
     return pixel;
 }
 
-/// Calls work(pixel, weight) for each pixel of the sphere.
+/// Calls work(pixel, weight) for each pixel of the sphere. Whole vectors outside of it are passed over.
 template <typename Work>
 void forCandidates(std::uint8_t* row, int width, const ColourSphere& sphere, Work work) {
-    for (int x = 0; x < width; ++x, row += 4) {
-        const std::int32_t distance = sphere.distance(row);
-        if (sphere.holds(distance)) work(row, sphere.weight(distance));
+    constexpr std::size_t kStep = 64;
+    const auto count = static_cast<std::size_t>(width);
+    for (std::size_t x = 0; x < count;) {
+        x += sphere.pixelsOutside(row + x * 4, count - x);
+        for (const std::size_t end = std::min(count, x + kStep); x < end; ++x) {
+            std::uint8_t* const pixel = row + x * 4;
+            const std::int32_t distance = sphere.distance(pixel);
+            if (sphere.holds(distance)) work(pixel, sphere.weight(distance));
+        }
     }
 }
 
@@ -77,6 +85,13 @@ mHSL::Rgb rgbOf(std::uint32_t color) {
 
 ColourSphere::ColourSphere(std::uint32_t color, std::int32_t tolerance)
     : m_centre(rgbOf(color)), m_squaredRadius(roundInt(std::pow(tolerance * 127.5 / 100, 2.0) + 1)) {}
+
+std::size_t ColourSphere::pixelsOutside(const std::uint8_t* row, std::size_t count) const {
+    const std::uint32_t centre = static_cast<std::uint32_t>(m_centre.R) << 16 |
+                                 static_cast<std::uint32_t>(m_centre.G) << 8 |
+                                 static_cast<std::uint32_t>(m_centre.B);
+    return kernels::pixelsOutside(row, count, centre, m_squaredRadius);
+}
 
 std::int32_t ColourSphere::distance(const std::uint8_t* pixel) const {
     const int b = pixel[0] - m_centre.B;

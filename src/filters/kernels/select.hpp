@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 #include "filters/mHSL.hpp"
@@ -36,6 +37,8 @@ class ColourSphere {
     const mHSL::Rgb& centre() const { return m_centre; }
     /// The squared distance of a pixel to the centre.
     std::int32_t distance(const std::uint8_t* pixel) const;
+    /// How many pixels of a row are sure to lie outside before one may not.
+    std::size_t pixelsOutside(const std::uint8_t* row, std::size_t count) const;
     bool holds(std::int32_t distance) const { return distance <= m_squaredRadius; }
     float weight(std::int32_t distance) const {
         return static_cast<float>(1 - static_cast<double>(distance) / m_squaredRadius);
