@@ -273,8 +273,8 @@ void cDIBFilter::ScanLines(cDIB& DIB, std::int32_t BlackLevel, std::int32_t Whit
     const auto black =
         byteTable([=](int i) { return bf * i < 0 ? std::uint8_t{0} : toByte(roundInt(bf * i)); });
     const auto work = [&](int y) {
-        kernels::tableRow(frame.row(y), frame.width(), white, white, white);
-        kernels::tableRow(frame.row(y + 1), frame.width(), black, black, black);
+        kernels::scaleRow(frame.row(y), frame.width(), wf, white);
+        kernels::scaleRow(frame.row(y + 1), frame.width(), bf, black);
     };
     frame.onePass(0, frame.height() - 1, work, 2);
     frame.finish();
@@ -316,10 +316,12 @@ void cDIBFilter::Texturize(cDIB& DIB, const cDIB& TextureDIB) {
     if (DIB.hDIB() == nullptr || TextureDIB.hDIB() == nullptr) return;
     FilterFrame frame(DIB, Progress, ProgressEnd);
     const PixelBuffer& texture = *TextureDIB.hDIB();
+    std::vector<std::uint8_t> repeated(frame.rowBytes());
     const auto work = [&](int band) {
         const int rows = std::min(texture.height(), frame.height() - band);
         for (int j = 0; j < rows; ++j) {
-            kernels::texturizeRow(frame.row(band + j), frame.width(), texture.row(j), texture.width());
+            kernels::repeatRow(texture.row(j), texture.bytesPerRow(), repeated);
+            kernels::texturizeRow(frame.row(band + j), frame.width(), repeated.data());
         }
     };
     frame.onePass(0, frame.height(), work, texture.height());

@@ -106,6 +106,12 @@ void tableRow(std::uint8_t* row, int width, const ByteTable& blue, const ByteTab
     }
 }
 
+void scaleRow(std::uint8_t* row, int width, double f, const ByteTable& table) {
+    std::size_t done = 0;
+    if (std::abs(f) <= kMostFactor) done = scaledPixels(row, static_cast<std::size_t>(width), f);
+    tableRow(row + done * 4, width - static_cast<int>(done), table, table, table);
+}
+
 void saturationRow(std::uint8_t* row, int width, float f) {
     const double strength = f;
     int x = 0;

@@ -23,6 +23,9 @@ void negativeRow(std::uint8_t* row, int width);
 /// Adds to blue, green and red, limited to a byte.
 void shiftChannelsRow(std::uint8_t* row, int width, const std::array<int, 3>& increments);
 
+/// Round(f c), limited to a byte; `table` has the same for every c.
+void scaleRow(std::uint8_t* row, int width, double f, const ByteTable& table);
+
 /// Each channel through its own table.
 void tableRow(std::uint8_t* row, int width, const ByteTable& blue, const ByteTable& green,
               const ByteTable& red);

@@ -13,6 +13,9 @@ namespace HWY_NAMESPACE {
 
 #if HWY_TARGET == HWY_SCALAR  // one lane is no vector
 
+std::size_t Scale(std::uint8_t*, std::size_t, double) {
+    return 0;
+}
 std::size_t Saturation(std::uint8_t*, std::size_t, double) {
     return 0;
 }
@@ -23,6 +26,9 @@ std::size_t Relief(const Rows3&, std::uint8_t*, std::size_t, double, double) {
     return 0;
 }
 std::size_t Outline(const Rows3&, std::uint8_t*, std::size_t, double, double) {
+    return 0;
+}
+std::size_t Texture(std::uint8_t*, std::size_t, const std::uint8_t*) {
     return 0;
 }
 std::size_t BySum(std::uint8_t*, std::size_t, const std::uint32_t*) {
@@ -103,6 +109,25 @@ HWY_INLINE std::size_t forVectors(std::size_t count, const Work& work) {
     std::size_t done = 0;
     for (; done + step <= count; done += step) work(done * 4);
     return done;
+}
+
+struct ScaleWork {
+    std::uint8_t* row;
+    double f;
+
+    HWY_INLINE IntegerVector scaled(IntegerVector c) const {
+        return limited((Numbers(f) * Numbers(c)).rounded());
+    }
+    HWY_INLINE void operator()(std::size_t at) const {
+        const IntegerVector pixels = load(row + at);
+        store(joined(scaled(channel<0>(pixels)), scaled(channel<8>(pixels)), scaled(channel<16>(pixels)),
+                     pixels),
+              row + at);
+    }
+};
+
+std::size_t Scale(std::uint8_t* row, std::size_t count, double f) {
+    return forVectors(count, ScaleWork{row, f});
 }
 
 struct SaturationWork {
@@ -237,6 +262,30 @@ std::size_t Outline(const Rows3& from, std::uint8_t* to, std::size_t count, doub
     return forVectors(count, OutlineWork{from, to, k, shift});
 }
 
+struct TextureWork {
+    std::uint8_t* row;
+    const std::uint8_t* texture;
+
+    /// (c t + 128 (t - 128)) / 128, halves to the even number.
+    static HWY_INLINE IntegerVector laid(IntegerVector c, IntegerVector t) {
+        const Integers d;
+        const IntegerVector n = hn::Add(hn::Mul(c, t), hn::ShiftLeft<7>(hn::Sub(t, hn::Set(d, 128))));
+        const IntegerVector isOdd = hn::And(hn::ShiftRight<7>(n), hn::Set(d, 1));
+        return limited(hn::ShiftRight<7>(hn::Add(hn::Add(n, hn::Set(d, 63)), isOdd)));
+    }
+    HWY_INLINE void operator()(std::size_t at) const {
+        const IntegerVector pixels = load(row + at);
+        const IntegerVector t = channel<0>(load(texture + at));
+        store(joined(laid(channel<0>(pixels), t), laid(channel<8>(pixels), t), laid(channel<16>(pixels), t),
+                     pixels),
+              row + at);
+    }
+};
+
+std::size_t Texture(std::uint8_t* row, std::size_t count, const std::uint8_t* texture) {
+    return forVectors(count, TextureWork{row, texture});
+}
+
 struct BySumWork {
     std::uint8_t* row;
     const std::uint32_t* table;
@@ -263,11 +312,17 @@ HWY_AFTER_NAMESPACE();
 
 namespace mobrel::kernels {
 
+HWY_EXPORT(Scale);
 HWY_EXPORT(Saturation);
 HWY_EXPORT(Emboss);
 HWY_EXPORT(Relief);
 HWY_EXPORT(Outline);
+HWY_EXPORT(Texture);
 HWY_EXPORT(BySum);
+
+std::size_t scaledPixels(std::uint8_t* row, std::size_t count, double f) {
+    return HWY_DYNAMIC_DISPATCH(Scale)(row, count, f);
+}
 
 std::size_t saturatedPixels(std::uint8_t* row, std::size_t count, double f) {
     return HWY_DYNAMIC_DISPATCH(Saturation)(row, count, f);
@@ -284,6 +339,10 @@ std::size_t relievedPixels(const Rows3& from, std::uint8_t* to, std::size_t coun
 
 std::size_t outlinedPixels(const Rows3& from, std::uint8_t* to, std::size_t count, double k, double shift) {
     return HWY_DYNAMIC_DISPATCH(Outline)(from, to, count, k, shift);
+}
+
+std::size_t texturizedPixels(std::uint8_t* row, std::size_t count, const std::uint8_t* texture) {
+    return HWY_DYNAMIC_DISPATCH(Texture)(row, count, texture);
 }
 
 std::size_t pixelsBySum(std::uint8_t* row, std::size_t count, const std::uint32_t* table) {

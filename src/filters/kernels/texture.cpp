@@ -1,18 +1,31 @@
 // SPDX-License-Identifier: MIT
 #include "filters/kernels/texture.hpp"
 
+#include <algorithm>
+#include <cstring>
+
+#include "filters/kernels/rounded_vectors.hpp"
 #include "platform/Numbers.hpp"
 
 namespace mobrel::kernels {
 
-void texturizeRow(std::uint8_t* row, int width, const std::uint8_t* texture, int textureWidth) {
-    int column = 0;
-    for (int x = 0; x < width; ++x, row += 4) {
-        const int t = texture[std::ptrdiff_t{column} * 4];
+void repeatRow(const std::uint8_t* row, std::size_t bytes, std::span<std::uint8_t> to) {
+    while (!to.empty()) {
+        const std::size_t count = std::min(bytes, to.size());
+        std::memcpy(to.data(), row, count);
+        to = to.subspan(count);
+    }
+}
+
+void texturizeRow(std::uint8_t* row, int width, const std::uint8_t* texture) {
+    const std::size_t end = static_cast<std::size_t>(width) * 4;
+    for (std::size_t at = texturizedPixels(row, static_cast<std::size_t>(width), texture) * 4; at < end;
+         at += 4) {
+        const int t = texture[at];
         const double a = t / 128.0;  // exact, as a float too
-        for (int channel = 0; channel < 3; ++channel)
+        for (std::size_t channel = at; channel < at + 3; ++channel) {
             row[channel] = clampByte(roundInt(row[channel] * a + (t - 128)));
-        if (++column == textureWidth) column = 0;
+        }
     }
 }
 

@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: MIT
-// The inner loop that lays a grey texture over a picture.
+// The inner loops that lay a grey texture over a picture.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <span>
 
 namespace mobrel::kernels {
 
-/// Each channel becomes Round(c t / 128 + t - 128), limited to a byte; t is the blue of the texture's
-/// pixel. The texture's row repeats every textureWidth pixels.
-void texturizeRow(std::uint8_t* row, int width, const std::uint8_t* texture, int textureWidth);
+/// Fills `to` with the `bytes` of a row, over and over.
+void repeatRow(const std::uint8_t* row, std::size_t bytes, std::span<std::uint8_t> to);
+
+/// Each channel becomes Round(c t / 128 + t - 128), limited to a byte; t is the blue of the texture's pixel
+/// at that place.
+void texturizeRow(std::uint8_t* row, int width, const std::uint8_t* texture);
 
 }  // namespace mobrel::kernels
