@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Kernels whose recipes round products, in vectors. They round the same products of double precision, or
-// whole numbers that stand for them exactly. Each begins with the first pixel and tells how many pixels it has
-// done; what is left is less than a vector.
+// whole numbers that stand for them exactly. Each begins with the first pixel and tells how many pixels it
+// has done; what is left is less than a vector.
 #pragma once
 
 #include <cstddef>
