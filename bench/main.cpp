@@ -6,18 +6,17 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <charconv>
 #include <cstdio>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <system_error>
 #include <utility>
 #include <vector>
 
 #include "colours_bench.hpp"
 #include "filters_bench.hpp"
+#include "support/Arguments.hpp"
 #include "support/PictureBench.hpp"
 #include "support/TableReporter.hpp"
 
@@ -32,38 +31,20 @@ struct Plan {
     std::vector<std::string> names;
 };
 
-constexpr std::string_view kSizeOption = "--size=";
-constexpr std::string_view kRoundsOption = "--rounds=";
-
-std::optional<int> positiveNumber(std::string_view text) {
-    int value = 0;
-    const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (result.ec != std::errc() || result.ptr != text.data() + text.size() || value < 1) return std::nullopt;
-    return value;
-}
-
-std::optional<Size> sizeOf(std::string_view text) {
-    const std::size_t cross = text.find('x');
-    if (cross == std::string_view::npos) return std::nullopt;
-    const auto width = positiveNumber(text.substr(0, cross));
-    const auto height = positiveNumber(text.substr(cross + 1));
-    if (!width || !height) return std::nullopt;
-    return Size{*width, *height};
-}
-
 /// Nothing when an argument is not understood.
 std::optional<Plan> planOf(int argc, char** argv) {
+    using namespace mobrel::bench;
     Plan plan;
     for (int i = 1; i < argc; ++i) {
         const std::string_view argument = argv[i];
-        if (argument.starts_with(kSizeOption)) {
-            const auto size = sizeOf(argument.substr(kSizeOption.size()));
-            if (!size) return std::nullopt;
-            plan.sizes.push_back(*size);
-        } else if (argument.starts_with(kRoundsOption)) {
-            const auto rounds = positiveNumber(argument.substr(kRoundsOption.size()));
-            if (!rounds) return std::nullopt;
-            plan.rounds = *rounds;
+        if (const auto size = valueOf(argument, kSizeOption)) {
+            const auto found = sizeOf(*size);
+            if (!found) return std::nullopt;
+            plan.sizes.push_back(*found);
+        } else if (const auto rounds = valueOf(argument, kRoundsOption)) {
+            const auto found = positiveNumber(*rounds);
+            if (!found) return std::nullopt;
+            plan.rounds = *found;
         } else if (argument.starts_with('-')) {
             return std::nullopt;
         } else {

@@ -12,7 +12,9 @@
 #include <stdexcept>
 #include <string>
 #include <utility>
+#include <vector>
 
+#include "peers/Peer.hpp"
 #include "support/PhotoPicture.hpp"
 
 namespace mobrel::bench {
@@ -20,14 +22,10 @@ namespace {
 
 constexpr std::int64_t kMostPlainPixels = 512 * 512;
 
-std::int64_t pixelsOf(const Size& size) {
-    return std::int64_t{size.width} * size.height;
-}
-
 /// Enough rounds that one of them is not disturbed.
 int roundsFor(const Size& size) {
     constexpr std::int64_t kPixelsPerRow = 40'000'000;
-    return static_cast<int>(std::clamp<std::int64_t>(kPixelsPerRow / pixelsOf(size), 7, 200));
+    return static_cast<int>(std::clamp<std::int64_t>(kPixelsPerRow / size.pixels(), 7, 200));
 }
 
 std::unique_ptr<cDIB> newPicture(const Size& size) {
@@ -66,13 +64,42 @@ double secondsOf(Work work) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
+/// What another library takes for its nearest operation.
+class PeerTime {
+ public:
+    PeerTime(std::string name, PeerRun run) : m_name(std::move(name)), m_run(std::move(run)) {}
+
+    void measureRound() {
+        m_run.prepare();
+        m_least = std::min(m_least, secondsOf(m_run.run));
+    }
+    const std::string& name() const { return m_name; }
+    double least() const { return m_least; }
+
+ private:
+    std::string m_name;
+    PeerRun m_run;
+    double m_least = std::numeric_limits<double>::max();
+};
+
+std::vector<PeerTime> peerTimes(const std::string& operation, const cDIB& picture) {
+    std::vector<PeerTime> times;
+    for (const Peer& peer : peers()) {
+        for (const PeerOperation& nearest : peer.operations) {
+            if (nearest.operation == operation) times.emplace_back(peer.name, nearest.open(picture));
+        }
+    }
+    return times;
+}
+
 void measure(benchmark::State& state, const PictureOperation& operation, const Size& size) {
     const cDIB& source = photo(size);
     const auto expected = newPicture(size);
     copyPixels(source, *expected);
-    (pixelsOf(size) <= kMostPlainPixels ? operation.runPlainly : operation.run)(*expected);
+    (size.pixels() <= kMostPlainPixels ? operation.runPlainly : operation.run)(*expected);
 
     const auto work = newPicture(size);
+    std::vector<PeerTime> others = peerTimes(operation.name, source);
     double leastCopy = std::numeric_limits<double>::max();
     double leastRun = leastCopy;
     for ([[maybe_unused]] auto round : state) {
@@ -81,12 +108,15 @@ void measure(benchmark::State& state, const PictureOperation& operation, const S
         state.SetIterationTime(run);
         leastCopy = std::min(leastCopy, copy);
         leastRun = std::min(leastRun, run);
+        for (PeerTime& other : others) other.measureRound();
         if (hasSamePixels(*work, *expected)) continue;
         state.SkipWithError("the bytes are wrong");
         return;
     }
-    state.counters[kPerPixel] = leastRun * 1e9 / static_cast<double>(pixelsOf(size));
+    const double nanosecondsPerPixel = 1e9 / static_cast<double>(size.pixels());
+    state.counters[kPerPixel] = leastRun * nanosecondsPerPixel;
     state.counters[kPerCopy] = leastRun / leastCopy;
+    for (const PeerTime& other : others) state.counters[other.name()] = other.least() * nanosecondsPerPixel;
 }
 
 }  // namespace

@@ -8,17 +8,12 @@
 #include <string>
 
 #include "imaging/cDIB.hpp"
+#include "support/Size.hpp"
 
 namespace mobrel::bench {
 
-struct Size {
-    int width = 0;
-    int height = 0;
-
-    std::string toString() const { return std::to_string(width) + 'x' + std::to_string(height); }
-};
-
-/// The counters of a row: both the least of all rounds.
+/// The counters of a row, each the least of all rounds. Other libraries have one each, under their name, in
+/// nanoseconds a pixel.
 inline constexpr const char* kPerPixel = "ns/pixel";
 inline constexpr const char* kPerCopy = "x memcpy";
 
@@ -33,7 +28,8 @@ struct PictureOperation {
 };
 
 /// Adds a row. A round copies the photo-like picture, runs the operation on the copy and compares the
-/// bytes; copy and operation are timed apart, so both see the same machine. A row whose bytes are wrong, or
+/// bytes; copy, operation and the nearest operations of other libraries are timed apart, in turn, so all see
+/// the same machine. A row whose bytes are wrong, or
 /// whose operation throws, ends in an error. 0 rounds stand for as many as the size deserves.
 void addPictureBench(const PictureOperation& operation, const Size& size, int rounds);
 
