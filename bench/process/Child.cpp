@@ -27,13 +27,14 @@ std::vector<std::string> environmentWith(const std::vector<std::pair<std::string
         if (std::ranges::none_of(variables, isSet)) environment.emplace_back(*entry);
     }
     for (const auto& [name, value] : variables) {
-        if (!value.empty()) environment.push_back(name + '=' + value);
+        if (!value.empty()) environment.emplace_back(name).append(1, '=').append(value);
     }
     return environment;
 }
 
 std::vector<char*> pointersTo(std::vector<std::string>& texts) {
     std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
     for (std::string& text : texts) pointers.push_back(text.data());
     pointers.push_back(nullptr);
     return pointers;

@@ -2,11 +2,11 @@
 // Every filter gives the bytes and events of its recipe with each set of instructions that this processor
 // has, and with none.
 #include <gtest/gtest.h>
-#include <hwy/highway.h>
 
 #include <cstdint>
 
 #include "filters/FilterCatalogue.hpp"
+#include "platform/Processor.hpp"
 #include "support/FilterRun.hpp"
 #include "support/RecipeCall.hpp"
 #include "support/TestPictures.hpp"
@@ -20,16 +20,10 @@ using test::textOf;
 /// Lets the kernels use these instructions only.
 class OnlyTarget {
  public:
-    explicit OnlyTarget(std::int64_t target) { choose(target); }
-    ~OnlyTarget() { choose(0); }
+    explicit OnlyTarget(std::int64_t target) { chosenTargets().Update(target); }
+    ~OnlyTarget() { chosenTargets().Update(processorTargets()); }
     OnlyTarget(const OnlyTarget&) = delete;
     OnlyTarget& operator=(const OnlyTarget&) = delete;
-
- private:
-    static void choose(std::int64_t targets) {
-        hwy::SetSupportedTargetsForTest(targets);
-        hwy::GetChosenTarget().Update(hwy::SupportedTargets());
-    }
 };
 
 void expectRecipes(const test::Picture& picture, const test::Picture& texture) {
@@ -47,7 +41,7 @@ void expectRecipes(const test::Picture& picture, const test::Picture& texture) {
 TEST(Processors, AllGiveTheSameBytes) {
     const test::Picture texture = test::textureOf(5, 3);
     int targets = 0;
-    for (std::int64_t rest = hwy::SupportedTargets() | HWY_SCALAR; rest != 0; rest &= rest - 1) {
+    for (std::int64_t rest = processorTargets(); rest != 0; rest &= rest - 1) {
         const std::int64_t target = rest & -rest;
         SCOPED_TRACE(hwy::TargetName(target));
         const OnlyTarget only(target);

@@ -9,6 +9,8 @@
 #include <hwy/foreach_target.h>  // IWYU pragma: keep
 #include <hwy/highway.h>
 
+#include "platform/Processor.hpp"
+
 HWY_BEFORE_NAMESPACE();
 namespace mobrel::kernels {
 namespace HWY_NAMESPACE {
@@ -205,30 +207,30 @@ HWY_AFTER_NAMESPACE();
 
 namespace mobrel::kernels {
 
-HWY_EXPORT(MaximumBytes);
-HWY_EXPORT(MinimumBytes);
-HWY_EXPORT(ContourBytes);
-HWY_EXPORT(BlurBytes);
-HWY_EXPORT(SoftenBytes);
-HWY_EXPORT(SharpenBytes);
+MOBREL_VECTORS(MaximumBytes);
+MOBREL_VECTORS(MinimumBytes);
+MOBREL_VECTORS(ContourBytes);
+MOBREL_VECTORS(BlurBytes);
+MOBREL_VECTORS(SoftenBytes);
+MOBREL_VECTORS(SharpenBytes);
 
 bool maximumBytes(const Rows3& from, std::uint8_t* to, int width) {
-    return HWY_DYNAMIC_DISPATCH(MaximumBytes)(from, to, width);
+    return MOBREL_BEST(MaximumBytes)(from, to, width);
 }
 bool minimumBytes(const Rows3& from, std::uint8_t* to, int width) {
-    return HWY_DYNAMIC_DISPATCH(MinimumBytes)(from, to, width);
+    return MOBREL_BEST(MinimumBytes)(from, to, width);
 }
 bool contourBytes(const Rows3& from, std::uint8_t* to, int width) {
-    return HWY_DYNAMIC_DISPATCH(ContourBytes)(from, to, width);
+    return MOBREL_BEST(ContourBytes)(from, to, width);
 }
 bool blurBytes(const Rows3& from, std::uint8_t* to, int width, WeightedMean mean) {
-    return HWY_DYNAMIC_DISPATCH(BlurBytes)(from, to, width, mean);
+    return MOBREL_BEST(BlurBytes)(from, to, width, mean);
 }
 bool softenBytes(const Rows3& from, std::uint8_t* to, int width, WeightedMean mean) {
-    return HWY_DYNAMIC_DISPATCH(SoftenBytes)(from, to, width, mean);
+    return MOBREL_BEST(SoftenBytes)(from, to, width, mean);
 }
 bool sharpenBytes(const Rows3& from, std::uint8_t* to, int width, WeightedMean mean) {
-    return HWY_DYNAMIC_DISPATCH(SharpenBytes)(from, to, width, mean);
+    return MOBREL_BEST(SharpenBytes)(from, to, width, mean);
 }
 
 }  // namespace mobrel::kernels

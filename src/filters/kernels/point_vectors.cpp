@@ -7,6 +7,8 @@
 #include <hwy/foreach_target.h>  // IWYU pragma: keep
 #include <hwy/highway.h>
 
+#include "platform/Processor.hpp"
+
 HWY_BEFORE_NAMESPACE();
 namespace mobrel::kernels {
 namespace HWY_NAMESPACE {
@@ -117,21 +119,21 @@ HWY_AFTER_NAMESPACE();
 
 namespace mobrel::kernels {
 
-HWY_EXPORT(Greys);
-HWY_EXPORT(Shift);
-HWY_EXPORT(Outside);
+MOBREL_VECTORS(Greys);
+MOBREL_VECTORS(Shift);
+MOBREL_VECTORS(Outside);
 
 std::size_t greysWithoutTies(std::uint8_t* row, std::size_t count) {
-    return HWY_DYNAMIC_DISPATCH(Greys)(row, count);
+    return MOBREL_BEST(Greys)(row, count);
 }
 
 std::size_t shiftedPixels(std::uint8_t* row, std::size_t count, std::uint32_t up, std::uint32_t down) {
-    return HWY_DYNAMIC_DISPATCH(Shift)(row, count, up, down);
+    return MOBREL_BEST(Shift)(row, count, up, down);
 }
 
 std::size_t pixelsOutside(const std::uint8_t* row, std::size_t count, std::uint32_t centre,
                           std::int32_t squaredRadius) {
-    return HWY_DYNAMIC_DISPATCH(Outside)(row, count, centre, squaredRadius);
+    return MOBREL_BEST(Outside)(row, count, centre, squaredRadius);
 }
 
 }  // namespace mobrel::kernels

@@ -7,6 +7,8 @@
 #include <hwy/foreach_target.h>  // IWYU pragma: keep
 #include <hwy/highway.h>
 
+#include "platform/Processor.hpp"
+
 HWY_BEFORE_NAMESPACE();
 namespace mobrel::kernels {
 namespace HWY_NAMESPACE {
@@ -312,41 +314,41 @@ HWY_AFTER_NAMESPACE();
 
 namespace mobrel::kernels {
 
-HWY_EXPORT(Scale);
-HWY_EXPORT(Saturation);
-HWY_EXPORT(Emboss);
-HWY_EXPORT(Relief);
-HWY_EXPORT(Outline);
-HWY_EXPORT(Texture);
-HWY_EXPORT(BySum);
+MOBREL_VECTORS(Scale);
+MOBREL_VECTORS(Saturation);
+MOBREL_VECTORS(Emboss);
+MOBREL_VECTORS(Relief);
+MOBREL_VECTORS(Outline);
+MOBREL_VECTORS(Texture);
+MOBREL_VECTORS(BySum);
 
 std::size_t scaledPixels(std::uint8_t* row, std::size_t count, double f) {
-    return HWY_DYNAMIC_DISPATCH(Scale)(row, count, f);
+    return MOBREL_BEST(Scale)(row, count, f);
 }
 
 std::size_t saturatedPixels(std::uint8_t* row, std::size_t count, double f) {
-    return HWY_DYNAMIC_DISPATCH(Saturation)(row, count, f);
+    return MOBREL_BEST(Saturation)(row, count, f);
 }
 
 std::size_t embossedPixels(const std::uint8_t* from, const std::uint8_t* neighbours, std::uint8_t* to,
                            std::size_t count, double f) {
-    return HWY_DYNAMIC_DISPATCH(Emboss)(from, neighbours, to, count, f);
+    return MOBREL_BEST(Emboss)(from, neighbours, to, count, f);
 }
 
 std::size_t relievedPixels(const Rows3& from, std::uint8_t* to, std::size_t count, double k, double inverse) {
-    return HWY_DYNAMIC_DISPATCH(Relief)(from, to, count, k, inverse);
+    return MOBREL_BEST(Relief)(from, to, count, k, inverse);
 }
 
 std::size_t outlinedPixels(const Rows3& from, std::uint8_t* to, std::size_t count, double k, double shift) {
-    return HWY_DYNAMIC_DISPATCH(Outline)(from, to, count, k, shift);
+    return MOBREL_BEST(Outline)(from, to, count, k, shift);
 }
 
 std::size_t texturizedPixels(std::uint8_t* row, std::size_t count, const std::uint8_t* texture) {
-    return HWY_DYNAMIC_DISPATCH(Texture)(row, count, texture);
+    return MOBREL_BEST(Texture)(row, count, texture);
 }
 
 std::size_t pixelsBySum(std::uint8_t* row, std::size_t count, const std::uint32_t* table) {
-    return HWY_DYNAMIC_DISPATCH(BySum)(row, count, table);
+    return MOBREL_BEST(BySum)(row, count, table);
 }
 
 }  // namespace mobrel::kernels

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+// Which sets of instructions the vector kernels use. A kernel's file says MOBREL_VECTORS(Name) for each
+// function that it compiles once a set, and calls the processor's best with MOBREL_BEST(Name)(arguments).
+// It includes this file after Highway's headers, whose own choice needs a library that measures the clock
+// for milliseconds whenever a program starts.
+#pragma once
+
+#include <hwy/highway.h>
+
+#include <cstdint>
+
+namespace mobrel {
+
+/// The sets of instructions that this processor and its system run, as Highway's bits. HWY_SCALAR is always
+/// among them.
+std::int64_t processorTargets();
+
+/// The sets that kernels choose from; all of processorTargets() at first. Update() narrows them for a test.
+hwy::ChosenTarget& chosenTargets();
+
+}  // namespace mobrel
+
+/// The function for each set, behind one empty place.
+#define MOBREL_VECTORS(function)                                                                 \
+    static constexpr decltype(&HWY_STATIC_DISPATCH(function)) HWY_DISPATCH_TABLE(function)[] = { \
+        nullptr, HWY_CHOOSE_TARGET_LIST(function), HWY_CHOOSE_FALLBACK(function)}
+
+#define MOBREL_BEST(function) (*HWY_DISPATCH_TABLE(function)[mobrel::chosenTargets().GetIndex()])
