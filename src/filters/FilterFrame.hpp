@@ -2,6 +2,7 @@
 // What all filters share: the rows, the progress values, the end event.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <utility>
@@ -61,6 +62,34 @@ class FilterFrame {
     const Event<std::int32_t>& m_progress;
     const Event<>& m_progressEnd;
     float m_done = 0;
+};
+
+/// Several passes over the same rows as one sweep, which goes up band by band: each pass stays one row
+/// behind the pass before, until the last band, which they all end with.
+class RowBands {
+ public:
+    /// The rows from first below end; nothing to do where there are none.
+    RowBands(int first, int end) : m_first(first), m_end(end), m_from(first), m_to(limited(first)) {}
+
+    bool areDone() const { return m_from >= m_end; }
+    void advance() {
+        m_from = m_to;
+        m_to = limited(m_from);
+    }
+
+    /// The rows of the band for one of the passes, which count from 0: from first below end.
+    int first(int pass) const { return std::max(m_from - pass, m_first); }
+    int end(int pass) const { return m_to == m_end ? m_end : std::max(m_to - pass, m_first); }
+
+ private:
+    /// Twice the rows that go into the largest vector, and few enough to stay in the cache.
+    static constexpr int kRows = 32;
+    int limited(int from) const { return std::min(m_end - from, kRows) + from; }
+
+    int m_first;
+    int m_end;
+    int m_from;
+    int m_to;
 };
 
 /// Lends the inner rows of a picture one after the other, each with the unchanged rows around it, while

@@ -58,30 +58,26 @@ void cDIBFilter::runOnInnerRows(cDIB& DIB, RowWork rowWork) {
     frame.finish();
 }
 
-/// Four passes over the inner pixels, in place, each with the two neighbours of one direction.
-template <typename DirectionWork>
-void cDIBFilter::runInFourDirections(cDIB& DIB, DirectionWork directionWork) {
+/// Four passes over the inner pixels, in place, each with the two neighbours of one direction. A pass reads
+/// the row below as it has left it and the row above as the pass before has, so one follows the other.
+template <typename MoveRow, typename MoveAlong>
+void cDIBFilter::runInFourDirections(cDIB& DIB, MoveRow moveRow, MoveAlong moveAlong) {
     if (DIB.hDIB() == nullptr) return;
     FilterFrame frame(DIB, Progress, ProgressEnd);
-    struct Step {
-        int x;
-        int y;
+    const auto columns = static_cast<std::size_t>(std::max(frame.width() - 2, 0));
+    const auto passTowards = [&](int dx, int dy) {
+        return [&, dx, dy](int y) {
+            std::uint8_t* row = frame.row(y) + 4;
+            moveRow(row, frame.row(y + dy) + 4 + dx * 4, frame.row(y - dy) + 4 - dx * 4, columns);
+        };
     };
-    struct Direction {
-        Step a;
-        Step b;
-    };
-    constexpr std::array<Direction, 4> kDirections = {{
-        {{0, -1}, {0, 1}},
-        {{-1, 0}, {1, 0}},
-        {{-1, -1}, {1, 1}},
-        {{-1, 1}, {1, -1}},
-    }};
-    for (const Direction& to : kDirections) {
-        frame.sharedPass(0.25F, 1, frame.height() - 1, [&](int y) {
-            directionWork(frame.row(y) + 4, frame.row(y + to.a.y) + 4 + to.a.x * 4,
-                          frame.row(y + to.b.y) + 4 + to.b.x * 4, frame.width() - 2);
-        });
+    for (RowBands bands(1, frame.height() - 1); !bands.areDone(); bands.advance()) {
+        frame.sharedPass(0.25F, bands.first(0), bands.end(0), passTowards(0, -1));
+        const auto rows = static_cast<std::size_t>(bands.end(1) - bands.first(1));
+        moveAlong({frame.row(bands.first(1)) + 4, frame.rowBytes(), rows, columns});
+        frame.sharedPass(0.25F, bands.first(1), bands.end(1), [](int) {});
+        frame.sharedPass(0.25F, bands.first(2), bands.end(2), passTowards(-1, -1));
+        frame.sharedPass(0.25F, bands.first(3), bands.end(3), passTowards(-1, 1));
     }
     frame.finish();
 }
@@ -120,11 +116,11 @@ void cDIBFilter::Colorize(cDIB& DIB, float Hue, float Saturation, float Luminosi
 }
 
 void cDIBFilter::Despeckle(cDIB& DIB) {
-    runInFourDirections(DIB, kernels::despeckleRow);
+    runInFourDirections(DIB, kernels::despeckleRow, kernels::despeckleAlong);
 }
 
 void cDIBFilter::DespeckleMore(cDIB& DIB) {
-    runInFourDirections(DIB, kernels::despeckleMoreRow);
+    runInFourDirections(DIB, kernels::despeckleMoreRow, kernels::despeckleMoreAlong);
 }
 
 void cDIBFilter::Diffuse(cDIB& DIB, std::int32_t xRange, std::int32_t yRange, std::int32_t DiffuseStep) {

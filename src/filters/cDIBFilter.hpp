@@ -97,8 +97,8 @@ class cDIBFilter {
     void runInPlace(cDIB& DIB, RowWork rowWork);
     template <typename RowWork>
     void runOnInnerRows(cDIB& DIB, RowWork rowWork);
-    template <typename DirectionWork>
-    void runInFourDirections(cDIB& DIB, DirectionWork directionWork);
+    template <typename MoveRow, typename MoveAlong>
+    void runInFourDirections(cDIB& DIB, MoveRow moveRow, MoveAlong moveAlong);
     void runRelief(cDIB& DIB, float strength, bool ConnectMargins);
 
     RandomSource& m_random;

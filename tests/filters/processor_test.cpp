@@ -3,11 +3,15 @@
 // has, and with none.
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <vector>
 
 #include "filters/FilterCatalogue.hpp"
-#include "platform/Processor.hpp"
+#include "filters/kernels/rank.hpp"
 #include "support/FilterRun.hpp"
+#include "support/OnlyTarget.hpp"
 #include "support/RecipeCall.hpp"
 #include "support/TestPictures.hpp"
 
@@ -16,15 +20,6 @@ namespace {
 
 using test::firstDifference;
 using test::textOf;
-
-/// Lets the kernels use these instructions only.
-class OnlyTarget {
- public:
-    explicit OnlyTarget(std::int64_t target) { chosenTargets().Update(target); }
-    ~OnlyTarget() { chosenTargets().Update(processorTargets()); }
-    OnlyTarget(const OnlyTarget&) = delete;
-    OnlyTarget& operator=(const OnlyTarget&) = delete;
-};
 
 void expectRecipes(const test::Picture& picture, const test::Picture& texture) {
     for (const FilterEntry& entry : kFilterCatalogue) {
@@ -40,20 +35,52 @@ void expectRecipes(const test::Picture& picture, const test::Picture& texture) {
 
 TEST(Processors, AllGiveTheSameBytes) {
     const test::Picture texture = test::textureOf(5, 3);
-    int targets = 0;
-    for (std::int64_t rest = processorTargets(); rest != 0; rest &= rest - 1) {
-        const std::int64_t target = rest & -rest;
+    std::vector<test::PictureSize> sizes;
+    for (const int width : {1, 2, 3, 5, 6, 9, 10, 17, 18, 19, 33, 34, 35, 50, 67})
+        sizes.push_back({width, 5});
+    // Around the bands of rows that some filters go up by.
+    for (const int height : {33, 34, 35, 36, 37, 51, 67, 80}) sizes.push_back({7, height});
+    for (const std::int64_t target : test::allTargets()) {
         SCOPED_TRACE(hwy::TargetName(target));
-        const OnlyTarget only(target);
-        for (const int width : {1, 2, 3, 5, 6, 9, 10, 17, 18, 19, 33, 34, 35, 50, 67}) {
-            for (const auto& [name, picture] : test::sweepPictures({width, 5})) {
+        const test::OnlyTarget only(target);
+        for (const test::PictureSize size : sizes) {
+            for (const auto& [name, picture] : test::sweepPictures(size)) {
                 SCOPED_TRACE(name);
                 expectRecipes(picture, texture);
             }
         }
-        ++targets;
     }
-    EXPECT_GT(targets, 1);
+    EXPECT_GT(test::allTargets().size(), 1U);
+}
+
+using MoveRow = void (*)(std::uint8_t*, const std::uint8_t*, const std::uint8_t*, std::size_t);
+
+/// What becomes of each sample between each two neighbours.
+std::vector<std::uint8_t> movedSamples(MoveRow moveRow) {
+    constexpr std::size_t kPixels = 256;
+    std::vector<std::uint8_t> all;
+    std::array<std::uint8_t, kPixels * 4> p{}, a{}, b{};
+    for (std::size_t i = 0; i < b.size(); ++i) b[i] = static_cast<std::uint8_t>(i / 4);
+    for (int pa = 0; pa < 65536; ++pa) {
+        p.fill(static_cast<std::uint8_t>(pa >> 8));
+        a.fill(static_cast<std::uint8_t>(pa & 255));
+        moveRow(p.data(), a.data(), b.data(), kPixels);
+        for (std::size_t i = 0; i < p.size(); i += 4) all.push_back(p[i]);
+    }
+    return all;
+}
+
+TEST(Processors, DespeckleEverySampleAsThePlainLoops) {
+    for (const MoveRow moveRow : {kernels::despeckleRow, kernels::despeckleMoreRow}) {
+        const auto moved = [&](std::int64_t target) {
+            const test::OnlyTarget only(target);
+            return movedSamples(moveRow);
+        };
+        const std::vector<std::uint8_t> plain = moved(HWY_SCALAR);
+        for (const std::int64_t target : test::allTargets()) {
+            EXPECT_TRUE(moved(target) == plain) << hwy::TargetName(target);
+        }
+    }
 }
 
 }  // namespace

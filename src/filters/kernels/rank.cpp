@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdlib>
 
+#include "filters/kernels/despeckle_vectors.hpp"
+
 namespace mobrel::kernels {
 
 namespace {
@@ -30,11 +32,20 @@ int despeckledMore(int p, int a, int b) {
 }
 
 template <typename Rule>
-void moveSamples(std::uint8_t* row, const std::uint8_t* a, const std::uint8_t* b, int count, Rule rule) {
-    for (int i = 0; i < count; ++i, row += 4, a += 4, b += 4) {
-        for (int channel = 0; channel < 3; ++channel) {
+void moveSamples(std::uint8_t* row, const std::uint8_t* a, const std::uint8_t* b, std::size_t count,
+                 Rule rule) {
+    for (std::size_t i = 0; i < count * 4; i += 4) {
+        for (std::size_t channel = i; channel < i + 3; ++channel) {
             row[channel] = static_cast<std::uint8_t>(rule(row[channel], a[channel], b[channel]));
         }
+    }
+}
+
+template <typename Rule>
+void moveAlong(const PixelBlock& block, std::size_t column, Rule rule) {
+    for (std::size_t i = 0; i < block.rows; ++i) {
+        std::uint8_t* row = block.row(i) + column * 4;
+        moveSamples(row, row - 4, row + 4, block.columns - column, rule);
     }
 }
 
@@ -63,12 +74,22 @@ Mean ringMean(std::uint8_t* const rows[4], int x) {
 
 }  // namespace
 
-void despeckleRow(std::uint8_t* row, const std::uint8_t* a, const std::uint8_t* b, int count) {
-    moveSamples(row, a, b, count, despeckled);
+void despeckleRow(std::uint8_t* row, const std::uint8_t* a, const std::uint8_t* b, std::size_t count) {
+    const std::size_t done = despeckleVectors(row, a, b, count);
+    moveSamples(row + done * 4, a + done * 4, b + done * 4, count - done, despeckled);
 }
 
-void despeckleMoreRow(std::uint8_t* row, const std::uint8_t* a, const std::uint8_t* b, int count) {
-    moveSamples(row, a, b, count, despeckledMore);
+void despeckleMoreRow(std::uint8_t* row, const std::uint8_t* a, const std::uint8_t* b, std::size_t count) {
+    const std::size_t done = despeckleMoreVectors(row, a, b, count);
+    moveSamples(row + done * 4, a + done * 4, b + done * 4, count - done, despeckledMore);
+}
+
+void despeckleAlong(const PixelBlock& block) {
+    moveAlong(block, despeckleColumns(block), despeckled);
+}
+
+void despeckleMoreAlong(const PixelBlock& block) {
+    moveAlong(block, despeckleMoreColumns(block), despeckledMore);
 }
 
 void saltAndPepperRow(std::uint8_t* const rows[4], int width, std::int32_t threshold) {

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+// Holds the vector kernels to one set of instructions.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "platform/Processor.hpp"
+
+namespace mobrel::test {
+
+/// Every set that this processor has, and HWY_SCALAR, with which the plain loops do all.
+inline std::vector<std::int64_t> allTargets() {
+    std::vector<std::int64_t> targets;
+    for (std::int64_t rest = processorTargets(); rest != 0; rest &= rest - 1) targets.push_back(rest & -rest);
+    return targets;
+}
+
+/// Lets the kernels use these instructions only.
+class OnlyTarget {
+ public:
+    explicit OnlyTarget(std::int64_t target) { chosenTargets().Update(target); }
+    ~OnlyTarget() { chosenTargets().Update(processorTargets()); }
+    OnlyTarget(const OnlyTarget&) = delete;
+    OnlyTarget& operator=(const OnlyTarget&) = delete;
+};
+
+}  // namespace mobrel::test
