@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "filters/kernels/rank.hpp"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdlib>
 
 #include "filters/kernels/despeckle_vectors.hpp"
+#include "filters/kernels/ring_vectors.hpp"
 
 namespace mobrel::kernels {
 
@@ -72,6 +74,23 @@ Mean ringMean(std::uint8_t* const rows[4], int x) {
     return {sum(0), sum(1), sum(2)};
 }
 
+/// Whether a pixel of the block became the mean.
+bool cleanBlock(std::uint8_t* const rows[4], int x, std::int32_t threshold) {
+    const Mean mean = ringMean(rows, x);
+    bool isChanged = false;
+    for (int dy = 0; dy <= 1; ++dy) {
+        for (int dx = 0; dx <= 1; ++dx) {
+            std::uint8_t* pixel = rows[1 + dy] + std::ptrdiff_t{x + dx} * 4;
+            if (!mean.differs(pixel, threshold)) continue;
+            pixel[0] = static_cast<std::uint8_t>(mean.b);
+            pixel[1] = static_cast<std::uint8_t>(mean.g);
+            pixel[2] = static_cast<std::uint8_t>(mean.r);
+            isChanged = true;
+        }
+    }
+    return isChanged;
+}
+
 }  // namespace
 
 void despeckleRow(std::uint8_t* row, const std::uint8_t* a, const std::uint8_t* b, std::size_t count) {
@@ -93,16 +112,13 @@ void despeckleMoreAlong(const PixelBlock& block) {
 }
 
 void saltAndPepperRow(std::uint8_t* const rows[4], int width, std::int32_t threshold) {
-    for (int x = 1; x <= width - 3; ++x) {
-        const Mean mean = ringMean(rows, x);
-        for (int dy = 0; dy <= 1; ++dy) {
-            for (int dx = 0; dx <= 1; ++dx) {
-                std::uint8_t* pixel = rows[1 + dy] + std::ptrdiff_t{x + dx} * 4;
-                if (!mean.differs(pixel, threshold)) continue;
-                pixel[0] = static_cast<std::uint8_t>(mean.b);
-                pixel[1] = static_cast<std::uint8_t>(mean.g);
-                pixel[2] = static_cast<std::uint8_t>(mean.r);
-            }
+    constexpr int kPlainBlocks = 4;  // where one block changes, those after it often do
+    const int end = width - 2;
+    for (int x = 1; x < end;) {
+        x += static_cast<int>(
+            blocksThatStay(rows, static_cast<std::size_t>(x), static_cast<std::size_t>(end - x), threshold));
+        for (int stop = std::min(x + kPlainBlocks, end); x < stop; ++x) {
+            if (cleanBlock(rows, x, threshold)) stop = std::min(x + 1 + kPlainBlocks, end);
         }
     }
 }
