@@ -29,6 +29,16 @@ using Pixels = hn::ScalableTag<std::uint32_t>;
 using ByteVector = hn::Vec<Bytes>;
 using WordVector = hn::Vec<Words>;
 
+/// n div 12 is the upper half of a product for the sum of any 12 bytes.
+constexpr std::uint16_t kTwelfth = 5462;
+constexpr bool givesTwelfths(std::uint32_t factor) {
+    for (std::uint32_t n = 0; n <= 12 * 255; ++n) {
+        if (n * factor >> 16 != n / 12) return false;
+    }
+    return true;
+}
+static_assert(givesTwelfths(kTwelfth));
+
 /// Sums of bytes, those at even places apart from those at odd ones.
 struct Sums {
     WordVector even;
@@ -40,8 +50,7 @@ struct Sums {
         even = hn::Add(even, hn::And(pairs, hn::Set(Words(), 0x00FF)));
         odd = hn::Add(odd, hn::ShiftRight<8>(pairs));
     }
-    /// n div 12 for n up to 12 times 255.
-    static HWY_INLINE WordVector twelfth(WordVector n) { return hn::MulHigh(n, hn::Set(Words(), 5462)); }
+    static HWY_INLINE WordVector twelfth(WordVector n) { return hn::MulHigh(n, hn::Set(Words(), kTwelfth)); }
     HWY_INLINE ByteVector means() const {
         return hn::BitCast(Bytes(), hn::Or(twelfth(even), hn::ShiftLeft<8>(twelfth(odd))));
     }
