@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "filters_bench.hpp"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -47,6 +48,22 @@ constexpr ChosenValue kChosenValues[] = {
     {"ShiftRGB", "BInc", 35},
 };
 
+/// Rows of their own for the two ends of what a selection by colour costs.
+struct SelectionCase {
+    std::string_view row;
+    std::string_view operation;
+    std::array<double, 5> values;
+};
+/// The photo holds no green; all of its colours lie within 200 of the middle grey.
+constexpr SelectionCase kSelectionCases[] = {
+    {"ReplaceHS_far", "ReplaceHS", {0x00FF00, 0x2040C0, 0, 100, 100}},
+    {"ReplaceHS_near", "ReplaceHS", {0x808080, 0x2040C0, 200, 100, 100}},
+    {"ReplaceL_far", "ReplaceL", {0x00FF00, 0x2040C0, 0, 100}},
+    {"ReplaceL_near", "ReplaceL", {0x808080, 0x2040C0, 200, 100}},
+    {"Shift_far", "Shift", {0x00FF00, 60, 0}},
+    {"Shift_near", "Shift", {0x808080, 60, 200}},
+};
+
 double valueOf(const FilterEntry& entry, const FilterArgument& argument) {
     if (argument.preset) return *argument.preset;
     for (const ChosenValue& chosen : kChosenValues) {
@@ -91,12 +108,17 @@ std::vector<PictureOperation> filterOperations() {
     if (!texture->Create(64, 64, 0)) throw std::runtime_error("no memory for the texture");
     paintPhoto(*texture);
     std::vector<PictureOperation> operations;
-    for (const FilterEntry& entry : kFilterCatalogue) {
-        const FilterValues values = valuesOf(entry, *texture);
+    const auto add = [&](std::string_view row, const FilterEntry& entry, const FilterValues& values) {
         operations.push_back(
-            {"filters", std::string(entry.name),
+            {"filters", std::string(row),
              [&entry, values, texture](cDIB& picture) { runFilter(entry.slot, picture, values); },
              [&entry, values, texture](cDIB& picture) { runRecipe(entry.name, picture, values, *texture); }});
+    };
+    for (const FilterEntry& entry : kFilterCatalogue) {
+        add(entry.name, entry, valuesOf(entry, *texture));
+        for (const SelectionCase& selection : kSelectionCases) {
+            if (selection.operation == entry.name) add(selection.row, entry, {selection.values, nullptr});
+        }
     }
     return operations;
 }
