@@ -9,6 +9,8 @@
 #include <hwy/foreach_target.h>  // IWYU pragma: keep
 #include <hwy/highway.h>
 
+#include "platform/Processor.hpp"
+
 HWY_BEFORE_NAMESPACE();
 namespace mobrel::kernels {
 namespace HWY_NAMESPACE {
@@ -113,11 +115,11 @@ HWY_AFTER_NAMESPACE();
 
 namespace mobrel::kernels {
 
-HWY_EXPORT(BlocksThatStay);
+MOBREL_VECTORS(BlocksThatStay);
 
 std::size_t blocksThatStay(const std::uint8_t* const rows[4], std::size_t x, std::size_t count,
                            std::int32_t threshold) {
-    return HWY_DYNAMIC_DISPATCH(BlocksThatStay)(rows, x, count, threshold);
+    return MOBREL_BEST(BlocksThatStay)(rows, x, count, threshold);
 }
 
 }  // namespace mobrel::kernels
