@@ -285,9 +285,7 @@ void cDIBFilter::Sharpen(cDIB& DIB, std::int32_t Level) {
 void cDIBFilter::Shift(cDIB& DIB, std::uint32_t ColorFrom, std::int32_t Inc, std::int32_t Tolerance) {
     if (DIB.hDIB() == nullptr) return;
     const kernels::ColourSphere sphere(ColorFrom, Tolerance);
-    runInPlace(DIB, [&, shifted = shiftTable(Inc)](std::uint8_t* row, int width) {
-        kernels::shiftRow(row, width, sphere, shifted);
-    });
+    runInPlace(DIB, [&](std::uint8_t* row, int width) { kernels::shiftRow(row, width, sphere, Inc); });
 }
 
 void cDIBFilter::ShiftRGB(cDIB& DIB, std::int32_t RInc, std::int32_t GInc, std::int32_t BInc) {

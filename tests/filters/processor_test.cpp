@@ -3,9 +3,14 @@
 // has, and with none.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
+#include <stdexcept>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "filters/FilterCatalogue.hpp"
@@ -40,17 +45,14 @@ TEST(Processors, AllGiveTheSameBytes) {
         sizes.push_back({width, 5});
     // Around the bands of rows that some filters go up by.
     for (const int height : {33, 34, 35, 36, 37, 51, 67, 80}) sizes.push_back({7, height});
-    for (const std::int64_t target : test::allTargets()) {
-        SCOPED_TRACE(hwy::TargetName(target));
-        const test::OnlyTarget only(target);
+    test::forEachTarget([&] {
         for (const test::PictureSize size : sizes) {
             for (const auto& [name, picture] : test::sweepPictures(size)) {
                 SCOPED_TRACE(name);
                 expectRecipes(picture, texture);
             }
         }
-    }
-    EXPECT_GT(test::allTargets().size(), 1U);
+    });
 }
 
 using MoveRow = void (*)(std::uint8_t*, const std::uint8_t*, const std::uint8_t*, std::size_t);
@@ -72,14 +74,69 @@ std::vector<std::uint8_t> movedSamples(MoveRow moveRow) {
 
 TEST(Processors, DespeckleEverySampleAsThePlainLoops) {
     for (const MoveRow moveRow : {kernels::despeckleRow, kernels::despeckleMoreRow}) {
-        const auto moved = [&](std::int64_t target) {
-            const test::OnlyTarget only(target);
-            return movedSamples(moveRow);
-        };
-        const std::vector<std::uint8_t> plain = moved(HWY_SCALAR);
-        for (const std::int64_t target : test::allTargets()) {
-            EXPECT_TRUE(moved(target) == plain) << hwy::TargetName(target);
+        std::vector<std::uint8_t> plain;
+        {
+            const test::OnlyTarget none(HWY_SCALAR);
+            plain = movedSamples(moveRow);
         }
+        test::forEachTarget([&] { EXPECT_TRUE(movedSamples(moveRow) == plain); });
+    }
+}
+
+/// Every fifth level of each channel with every other one, white and black among them.
+test::Picture gridOfColours() {
+    constexpr int kLevels = 52;
+    test::Picture picture(kLevels * kLevels, kLevels);
+    for (std::size_t i = 0; i < picture.pixels.size(); ++i) {
+        const auto level = [](std::size_t n) { return static_cast<std::uint8_t>(n % kLevels * 5); };
+        picture.pixels[i] = {level(i), level(i / kLevels), level(i / kLevels / kLevels),
+                             static_cast<std::uint8_t>(i)};
+    }
+    return picture;
+}
+
+const FilterEntry& entryOf(std::string_view name) {
+    const auto* const entry =
+        std::find_if(std::begin(kFilterCatalogue), std::end(kFilterCatalogue),
+                     [&](const FilterEntry& candidate) { return candidate.name == name; });
+    if (entry == std::end(kFilterCatalogue)) throw std::invalid_argument(std::string(name));
+    return *entry;
+}
+
+/// Colours at the very edge of a tolerance are among the grid: red and yellow differ by a hue of 1, pure
+/// colours and greys by a saturation of 1.
+TEST(Processors, AllSelectTheSameColours) {
+    struct Selection {
+        std::string_view operation;
+        test::Values values;
+    };
+    const Selection selections[] = {
+        {"ReplaceHS", {0x808080, 0x2040C0, 300, 100, 100}},
+        {"ReplaceHS", {0x808080, 0x2040C0, 300, 0, 0}},
+        {"ReplaceHS", {0x0000FF, 0xC0FF20, 400, 20, 60}},
+        {"ReplaceHS", {0x2846B4, 0xFFFFFF, 400, 0, 0}},
+        {"ReplaceHS", {0x2846B4, 0x10E000, 255, 17, 33}},
+        {"ReplaceHS", {0xC81E5A, 0x000000, 36345, 43, 25}},
+        {"ReplaceHS", {0x2846B4, 0x10E000, 255, -1, 100}},
+        {"ReplaceL", {0x2846B4, 0xC81E5A, 255, 20}},
+        {"ReplaceL", {0x2846B4, 0xC81E5A, 300, 0}},
+        {"ReplaceL", {0x2846B4, 0xC81E5A, 300, -1}},
+        {"Shift", {0x2846B4, 60, 255}},
+        {"Shift", {0x2846B4, -255, 36345}},
+        {"Shift", {0x2846B4, 2147483600, 400}},
+    };
+    const test::Picture picture = gridOfColours();
+    const test::Picture texture = test::textureOf(5, 3);
+    for (const Selection& selection : selections) {
+        const FilterEntry& entry = entryOf(selection.operation);
+        SCOPED_TRACE(textOf(entry, selection.values));
+        test::Picture expected = picture;
+        test::EventLog log;
+        recipes::callRecipe(entry.name, expected, selection.values, texture, log);
+        test::forEachTarget([&] {
+            const test::Outcome outcome = test::outcomeOf(entry, selection.values, texture, picture);
+            ASSERT_EQ(firstDifference(expected, outcome.picture), "");
+        });
     }
 }
 

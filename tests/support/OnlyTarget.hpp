@@ -2,6 +2,8 @@
 // Holds the vector kernels to one set of instructions.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstdint>
 #include <vector>
 
@@ -24,5 +26,16 @@ class OnlyTarget {
     OnlyTarget(const OnlyTarget&) = delete;
     OnlyTarget& operator=(const OnlyTarget&) = delete;
 };
+
+/// Calls check() once with each set. A processor without vectors has nothing to compare, and fails.
+template <typename Check>
+void forEachTarget(Check check) {
+    for (const std::int64_t target : allTargets()) {
+        SCOPED_TRACE(hwy::TargetName(target));
+        const OnlyTarget only(target);
+        check();
+    }
+    EXPECT_GT(allTargets().size(), 1U);
+}
 
 }  // namespace mobrel::test

@@ -35,10 +35,9 @@ class ColourSphere {
     ColourSphere(std::uint32_t color, std::int32_t tolerance);
 
     const mHSL::Rgb& centre() const { return m_centre; }
+    std::int32_t squaredRadius() const { return m_squaredRadius; }
     /// The squared distance of a pixel to the centre.
     std::int32_t distance(const std::uint8_t* pixel) const;
-    /// How many pixels of a row are sure to lie outside before one may not.
-    std::size_t pixelsOutside(const std::uint8_t* row, std::size_t count) const;
     bool holds(std::int32_t distance) const { return distance <= m_squaredRadius; }
     float weight(std::int32_t distance) const {
         return static_cast<float>(1 - static_cast<double>(distance) / m_squaredRadius);
@@ -51,6 +50,15 @@ class ColourSphere {
 
 mHSL::Rgb rgbOf(std::uint32_t color);
 
+/// Hues and saturations that differ from a centre's by the tolerances at most.
+struct HueSaturationRange {
+    mHSL::Hsl centre;
+    float hueTolerance;
+    float saturationTolerance;
+
+    bool holds(const mHSL::Hsl& hsl) const;
+};
+
 /// Pixels of the sphere whose hue and saturation lie near the centre's move towards a colour.
 class HueSaturationReplacement {
  public:
@@ -61,9 +69,7 @@ class HueSaturationReplacement {
  private:
     ColourSphere m_sphere;
     mHSL::Rgb m_target;
-    mHSL::Hsl m_centre;
-    float m_hueTolerance;
-    float m_saturationTolerance;
+    HueSaturationRange m_range;
 };
 
 /// Pixels of the sphere whose luminosity lies near the centre's move towards a colour.
@@ -75,11 +81,10 @@ class LuminosityReplacement {
  private:
     ColourSphere m_sphere;
     mHSL::Rgb m_target;
-    float m_tolerance;
+    std::int32_t m_mostDifference;
 };
 
 /// Pixels of the sphere move by a constant, limited to a byte and fading with the distance.
-void shiftRow(std::uint8_t* row, int width, const ColourSphere& sphere,
-              const std::array<std::uint8_t, 256>& shifted);
+void shiftRow(std::uint8_t* row, int width, const ColourSphere& sphere, std::int32_t increment);
 
 }  // namespace mobrel::kernels
