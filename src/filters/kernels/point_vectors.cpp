@@ -21,9 +21,6 @@ std::size_t Greys(std::uint8_t*, std::size_t) {
 std::size_t Shift(std::uint8_t*, std::size_t, std::uint32_t, std::uint32_t) {
     return 0;
 }
-std::size_t Outside(const std::uint8_t*, std::size_t, std::uint32_t, std::int32_t) {
-    return 0;
-}
 
 #else
 
@@ -85,30 +82,6 @@ std::size_t Shift(std::uint8_t* row, std::size_t count, std::uint32_t up, std::u
     return done;
 }
 
-/// The square of a channel's difference.
-HWY_INLINE hn::Vec<Integers> squaredDifference(PixelVector pixels, PixelVector centre, int shift) {
-    const auto difference = hn::Sub(hn::BitCast(Integers(), channel(pixels, shift)),
-                                    hn::BitCast(Integers(), channel(centre, shift)));
-    return hn::Mul(difference, difference);
-}
-
-std::size_t Outside(const std::uint8_t* row, std::size_t count, std::uint32_t centre,
-                    std::int32_t squaredRadius) {
-    const Pixels d;
-    const std::size_t step = hn::Lanes(d);
-    const PixelVector middle = hn::Set(d, centre);
-    const auto radius = hn::Set(Integers(), squaredRadius);
-    std::size_t done = 0;
-    for (; done + step <= count; done += step) {
-        const PixelVector pixels = hn::BitCast(d, hn::LoadU(Bytes(), row + done * 4));
-        const auto distance =
-            hn::Add(hn::Add(squaredDifference(pixels, middle, 0), squaredDifference(pixels, middle, 8)),
-                    squaredDifference(pixels, middle, 16));
-        if (!hn::AllTrue(Integers(), hn::Gt(distance, radius))) break;
-    }
-    return done;
-}
-
 #endif
 
 }  // namespace HWY_NAMESPACE
@@ -121,7 +94,6 @@ namespace mobrel::kernels {
 
 MOBREL_VECTORS(Greys);
 MOBREL_VECTORS(Shift);
-MOBREL_VECTORS(Outside);
 
 std::size_t greysWithoutTies(std::uint8_t* row, std::size_t count) {
     return MOBREL_BEST(Greys)(row, count);
@@ -129,11 +101,6 @@ std::size_t greysWithoutTies(std::uint8_t* row, std::size_t count) {
 
 std::size_t shiftedPixels(std::uint8_t* row, std::size_t count, std::uint32_t up, std::uint32_t down) {
     return MOBREL_BEST(Shift)(row, count, up, down);
-}
-
-std::size_t pixelsOutside(const std::uint8_t* row, std::size_t count, std::uint32_t centre,
-                          std::int32_t squaredRadius) {
-    return MOBREL_BEST(Outside)(row, count, centre, squaredRadius);
 }
 
 }  // namespace mobrel::kernels

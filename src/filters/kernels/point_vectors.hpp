@@ -16,9 +16,4 @@ std::size_t greysWithoutTies(std::uint8_t* row, std::size_t count);
 /// many are done; what is left is less than a vector.
 std::size_t shiftedPixels(std::uint8_t* row, std::size_t count, std::uint32_t up, std::uint32_t down);
 
-/// How many pixels lie in whole vectors of which none is nearer to `centre`, 0x00RRGGBB, than the root of
-/// squaredRadius allows, before the first vector that holds such a pixel.
-std::size_t pixelsOutside(const std::uint8_t* row, std::size_t count, std::uint32_t centre,
-                          std::int32_t squaredRadius);
-
 }  // namespace mobrel::kernels

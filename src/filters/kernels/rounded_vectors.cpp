@@ -7,8 +7,8 @@
 #include <hwy/foreach_target.h>  // IWYU pragma: keep
 #include <hwy/highway.h>
 
-#include "platform/Processor.hpp"
 #include "filters/kernels/pixel_vectors-inl.hpp"
+#include "platform/Processor.hpp"
 
 HWY_BEFORE_NAMESPACE();
 namespace mobrel::kernels {
