@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "colours_bench.hpp"
+#include "files_bench.hpp"
 #include "filters_bench.hpp"
 #include "support/Arguments.hpp"
 #include "support/PictureBench.hpp"
@@ -58,6 +59,7 @@ std::optional<Plan> planOf(int argc, char** argv) {
 std::vector<PictureOperation> allOperations() {
     std::vector<PictureOperation> all = mobrel::bench::filterOperations();
     for (auto& operation : mobrel::bench::colourOperations()) all.push_back(std::move(operation));
+    for (auto& operation : mobrel::bench::fileOperations()) all.push_back(std::move(operation));
     return all;
 }
 

@@ -53,8 +53,24 @@ void copyPixels(const cDIB& from, cDIB& to) {
     std::memcpy(to.DIBitsPtr(), from.DIBitsPtr(), bytesOf(from));
 }
 
+bool hasSameSize(const cDIB& a, const cDIB& b) {
+    return a.Width() == b.Width() && a.Height() == b.Height();
+}
+
 bool hasSamePixels(const cDIB& a, const cDIB& b) {
-    return std::memcmp(a.DIBitsPtr(), b.DIBitsPtr(), bytesOf(a)) == 0;
+    return hasSameSize(a, b) && std::memcmp(a.DIBitsPtr(), b.DIBitsPtr(), bytesOf(a)) == 0;
+}
+
+/// Makes the picture anew when an operation has changed its size. All of it is written, since the first
+/// touch of memory takes longer than a copy.
+void restoreSize(const cDIB& source, cDIB& picture) {
+    if (hasSameSize(source, picture)) return;
+    if (!picture.Create(source.Width(), source.Height(), 0)) throw std::runtime_error("no memory");
+    copyPixels(source, picture);
+}
+
+void runIfAny(const std::function<void(cDIB&)>& step, cDIB& picture) {
+    if (step) step(picture);
 }
 
 template <typename Work>
@@ -92,19 +108,32 @@ std::vector<PeerTime> peerTimes(const std::string& operation, const cDIB& pictur
     return times;
 }
 
+/// The seconds of the operation alone.
+double runTimed(const PictureOperation& operation, cDIB& picture) {
+    runIfAny(operation.prepare, picture);
+    const double seconds = secondsOf([&] { operation.run(picture); });
+    runIfAny(operation.conclude, picture);
+    return seconds;
+}
+
 void measure(benchmark::State& state, const PictureOperation& operation, const Size& size) {
     const cDIB& source = photo(size);
     const auto expected = newPicture(size);
     copyPixels(source, *expected);
-    (size.pixels() <= kMostPlainPixels ? operation.runPlainly : operation.run)(*expected);
+    if (size.pixels() <= kMostPlainPixels) {
+        operation.runPlainly(*expected);
+    } else {
+        runTimed(operation, *expected);
+    }
 
     const auto work = newPicture(size);
     std::vector<PeerTime> others = peerTimes(operation.name, source);
     double leastCopy = std::numeric_limits<double>::max();
     double leastRun = leastCopy;
     for ([[maybe_unused]] auto round : state) {
+        restoreSize(source, *work);
         const double copy = secondsOf([&] { copyPixels(source, *work); });
-        const double run = secondsOf([&] { operation.run(*work); });
+        const double run = runTimed(operation, *work);
         state.SetIterationTime(run);
         leastCopy = std::min(leastCopy, copy);
         leastRun = std::min(leastRun, run);

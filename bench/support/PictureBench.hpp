@@ -25,9 +25,13 @@ struct PictureOperation {
     /// The result by a slower road, asked for pictures of up to 512 x 512 pixels. Larger pictures are
     /// held to the result of their own first round.
     std::function<void(cDIB& picture)> runPlainly;
+    /// What `run` needs done before it, if anything, and what brings its result into the picture. Neither is
+    /// timed, and neither belongs to runPlainly.
+    std::function<void(cDIB& picture)> prepare = {};
+    std::function<void(cDIB& picture)> conclude = {};
 };
 
-/// Adds a row. A round copies the photo-like picture, runs the operation on the copy and compares the
+/// Adds a row. A round copies the photo-like picture, runs the operation on the copy and compares size and
 /// bytes; copy, operation and the nearest operations of other libraries are timed apart, in turn, so all see
 /// the same machine. A row whose bytes are wrong, or
 /// whose operation throws, ends in an error. 0 rounds stand for as many as the size deserves.
