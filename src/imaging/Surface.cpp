@@ -3,55 +3,52 @@
 
 #include <algorithm>
 #include <cstring>
-#include <type_traits>
 #include <utility>
 
 #include "imaging/cDIBDither.hpp"
 #include "imaging/cDIBPal.hpp"
 #include "platform/Numbers.hpp"
+#include "platform/pixel_vectors.hpp"
 
 namespace mobrel {
 
 namespace {
 
 constexpr int kPixelBytes = 4;
-constexpr int kTileSide = 32;
 
-/// Turns the tile of rows x columns pixels of the old picture that begins at (row, column). Picture position
-/// (x, y) goes to (y, Width - 1 - x). Told by memory rows, row a and column b: in a bottom-up surface to
-/// row b, column Height - 1 - a; in a top-down one to row Width - 1 - b, column a. The tile is turned in
-/// memory of its own, so that each row of both pictures is touched once, in one piece. An Extent is an int
-/// or a constant, which makes straight code.
-template <RowOrder Order, typename Extent>
-void turnTile(PixelBuffer& turned, const PixelBuffer& old, int row, int column, Extent rows, Extent columns) {
-    constexpr bool kBottomUp = Order == RowOrder::BottomUp;
-    std::uint32_t tile[kTileSide][kTileSide];
-    for (int a = 0; a < rows; ++a) {
-        std::memcpy(tile[kBottomUp ? rows - 1 - a : a],
-                    old.row(row + a) + std::ptrdiff_t{column} * kPixelBytes,
-                    static_cast<std::size_t>(columns) * kPixelBytes);
-    }
-    const int newColumn = kBottomUp ? old.height() - row - rows : row;
-    for (int b = 0; b < columns; ++b) {
-        std::uint32_t line[kTileSide];
-        for (int a = 0; a < rows; ++a) line[a] = tile[a][b];
-        const int newRow = kBottomUp ? column + b : old.width() - 1 - column - b;
-        std::memcpy(turned.row(newRow) + std::ptrdiff_t{newColumn} * kPixelBytes, line,
-                    static_cast<std::size_t>(rows) * kPixelBytes);
+using kernels::kTileSide;
+using kernels::PixelLines;
+
+/// Writes the columns of a tile of rows x columns pixels as lines.
+void transpose(const PixelLines<const std::uint8_t>& from, const PixelLines<std::uint8_t>& to, int rows,
+               int columns) {
+    const bool isFull = rows == kTileSide && columns == kTileSide;
+    if (isFull && kernels::transposedTile(from, to)) return;
+    for (int x = 0; x < columns; ++x) {
+        std::uint8_t* out = to.line(x);
+        for (int y = 0; y < rows; ++y) {
+            std::memcpy(out + y * kPixelBytes, from.line(y) + x * kPixelBytes, kPixelBytes);
+        }
     }
 }
 
-/// Turns a tile of full size, or what there is of it at the edges.
+/// Turns the tile of the old picture that begins at memory row `row` and column `column`. Picture position
+/// (x, y) goes to (y, Width - 1 - x). Told by memory rows, row a and column b: in a bottom-up surface to
+/// row b, column Height - 1 - a; in a top-down one to row Width - 1 - b, column a.
 template <RowOrder Order>
 void turnTile(PixelBuffer& turned, const PixelBuffer& old, int row, int column) {
+    constexpr bool kBottomUp = Order == RowOrder::BottomUp;
     const int rows = std::min(kTileSide, old.height() - row);
     const int columns = std::min(kTileSide, old.width() - column);
-    if (rows == kTileSide && columns == kTileSide) {
-        constexpr std::integral_constant<int, kTileSide> kFull;
-        turnTile<Order>(turned, old, row, column, kFull, kFull);
-    } else {
-        turnTile<Order>(turned, old, row, column, rows, columns);
-    }
+    const auto oldStride = static_cast<std::ptrdiff_t>(old.bytesPerRow());
+    const auto newStride = static_cast<std::ptrdiff_t>(turned.bytesPerRow());
+    const int newColumn = kBottomUp ? old.height() - row - rows : row;
+    const int newRow = kBottomUp ? column : old.width() - 1 - column;
+    transpose(
+        {old.row(kBottomUp ? row + rows - 1 : row) + std::ptrdiff_t{column} * kPixelBytes,
+         kBottomUp ? -oldStride : oldStride},
+        {turned.row(newRow) + std::ptrdiff_t{newColumn} * kPixelBytes, kBottomUp ? newStride : -newStride},
+        rows, columns);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/RuntimeError.hpp"
+#include "platform/pixel_vectors.hpp"
 
 namespace mobrel {
 
@@ -63,35 +64,12 @@ std::vector<std::uint8_t> packedHeaders(const cDIB& DIB, const cDIBPal& Pal, std
     return {bytes.begin(), bytes.end()};
 }
 
-std::uint64_t loadWord(const std::uint8_t* bytes) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, bytes, sizeof word);
-    return word;
-}
-
-void storeWord(std::uint8_t* bytes, std::uint64_t word) {
-    std::memcpy(bytes, &word, sizeof word);
-}
-
-/// Two pixels of 4 bytes as 6 bytes.
-std::uint64_t pairOf(const std::uint8_t* pixels) {
-    const std::uint64_t word = loadWord(pixels);
-    return (word & 0xFFFFFF) | (word >> 8 & 0xFFFFFF000000);
-}
-
-/// Drops byte 3 of every pixel. Eight pixels at a time, as three words of 8 bytes.
+/// Drops byte 3 of every pixel.
 void packRow24(const std::uint8_t* from, int width, std::uint8_t* to) {
-    int x = 0;
-    for (; x + 8 <= width; x += 8, from += 32, to += 24) {
-        const std::uint64_t first = pairOf(from);
-        const std::uint64_t second = pairOf(from + 8);
-        const std::uint64_t third = pairOf(from + 16);
-        const std::uint64_t fourth = pairOf(from + 24);
-        storeWord(to, first | second << 48);
-        storeWord(to + 8, second >> 16 | third << 32);
-        storeWord(to + 16, third >> 32 | fourth << 16);
+    const auto count = static_cast<std::size_t>(width);
+    for (std::size_t x = kernels::packedPixels(from, count, to); x < count; ++x) {
+        std::memcpy(to + x * 3, from + x * 4, 3);
     }
-    for (; x < width; ++x, from += 4, to += 3) std::memcpy(to, from, 3);
 }
 
 void writeTrueColorRows(FileWriter& file, const cDIB& DIB) {

@@ -7,6 +7,8 @@
 #include <cstring>
 #include <type_traits>
 
+#include "platform/pixel_vectors.hpp"
+
 namespace mobrel {
 
 namespace {
@@ -30,30 +32,11 @@ std::uint8_t widened(unsigned value, int bits) {
     return static_cast<std::uint8_t>(wide);
 }
 
-std::uint64_t loadWord(const std::uint8_t* bytes) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, bytes, sizeof word);
-    return word;
-}
-
-// The low 6 bytes of a word as two pixels.
-void storePair(std::uint8_t* out, std::uint64_t word) {
-    const std::uint64_t pair = (word & 0xFFFFFF) | (word & 0xFFFFFF000000) << 8;
-    std::memcpy(out, &pair, sizeof pair);
-}
-
-// Eight pixels are three words of 8 bytes.
 void expand24(const std::uint8_t* packed, int count, std::uint8_t* out) {
-    for (int groups = count / 8; groups > 0; --groups, packed += 24, out += 32) {
-        const std::uint64_t first = loadWord(packed);
-        const std::uint64_t second = loadWord(packed + 8);
-        const std::uint64_t third = loadWord(packed + 16);
-        storePair(out, first);
-        storePair(out + 8, first >> 48 | second << 16);
-        storePair(out + 16, second >> 32 | third << 32);
-        storePair(out + 24, third >> 16);
-    }
-    for (int rest = count % 8; rest > 0; --rest, packed += 3, out += 4) {
+    const auto done = static_cast<int>(kernels::expandedPixels(packed, static_cast<std::size_t>(count), out));
+    packed += done * 3;
+    out += done * 4;
+    for (int rest = count - done; rest > 0; --rest, packed += 3, out += 4) {
         out[0] = packed[0];
         out[1] = packed[1];
         out[2] = packed[2];

@@ -9,6 +9,7 @@
 
 #include "platform/PixelBuffer.hpp"
 #include "platform/RuntimeError.hpp"
+#include "platform/pixel_vectors.hpp"
 
 namespace mobrel {
 
@@ -129,8 +130,9 @@ void moveBlock(DeviceContext& surface, const AxisMap& columns, const AxisMap& ro
 }
 
 void reverseLine(std::uint8_t* line, int width) {
-    std::uint8_t* right = pixelAt(line, width - 1);
-    for (std::uint8_t* left = line; left < right; left += kPixelBytes, right -= kPixelBytes) {
+    const auto done = static_cast<int>(kernels::mirroredPixels(line, static_cast<std::size_t>(width)));
+    std::uint8_t* right = pixelAt(line, width - 1 - done);
+    for (std::uint8_t* left = pixelAt(line, done); left < right; left += kPixelBytes, right -= kPixelBytes) {
         std::uint8_t kept[kPixelBytes];
         std::memcpy(kept, left, kPixelBytes);
         std::memcpy(left, right, kPixelBytes);
