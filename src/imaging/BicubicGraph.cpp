@@ -10,6 +10,7 @@
 #include <memory>
 #include <new>
 
+#include "imaging/plane_vectors.hpp"
 #include "platform/Numbers.hpp"
 
 namespace mobrel {
@@ -20,10 +21,8 @@ constexpr std::size_t kAlignment = 64;
 constexpr std::size_t kPlanes = 3;
 constexpr std::size_t kPixelBytes = 4;
 
-// A component v goes through zimg as 128 v + 16448: with room above and below for what the kernel
-// overshoots between the two passes, and seven bits behind the point.
-constexpr int kFractionBits = 7;
-constexpr int kZero = (65536 - (255 << kFractionBits)) / 2;
+using kernels::kFractionBits;
+using kernels::kZero;
 
 struct FreeGraph {
     void operator()(zimg_filter_graph* graph) const noexcept { zimg_filter_graph_free(graph); }
@@ -83,8 +82,12 @@ class LineWindow {
         m_memory = alignedMemory(m_planeBytes * kPlanes);
     }
 
-    std::uint16_t* line(std::size_t plane, unsigned i) const {
-        return reinterpret_cast<std::uint16_t*>(planeStart(plane) + m_stride * (i & m_mask));
+    /// Line i of each plane from a column on.
+    kernels::PlaneLines<std::uint16_t> lines(unsigned i, unsigned left) const {
+        const auto from = [&](std::size_t plane) {
+            return reinterpret_cast<std::uint16_t*>(planeStart(plane) + m_stride * (i & m_mask)) + left;
+        };
+        return {from(0), from(1), from(2)};
     }
 
     template <typename Buffer>
@@ -131,29 +134,26 @@ std::uint8_t fromFixed(std::uint16_t value) {
 int unpackLine(void* user, unsigned i, unsigned left, unsigned right) {
     const Unpacking& work = *static_cast<const Unpacking*>(user);
     const std::uint8_t* pixels = work.source.line(static_cast<int>(i)) + left * kPixelBytes;
-    std::uint16_t* __restrict blue = work.window.line(0, i) + left;
-    std::uint16_t* __restrict green = work.window.line(1, i) + left;
-    std::uint16_t* __restrict red = work.window.line(2, i) + left;
+    const auto planes = work.window.lines(i, left);
     const std::size_t count = right - left;
-    for (std::size_t x = 0; x < count; ++x) {
-        blue[x] = toFixed(pixels[x * kPixelBytes]);
-        green[x] = toFixed(pixels[x * kPixelBytes + 1]);
-        red[x] = toFixed(pixels[x * kPixelBytes + 2]);
+    for (std::size_t x = kernels::unpackedPixels(pixels, count, planes); x < count; ++x) {
+        planes.blue[x] = toFixed(pixels[x * kPixelBytes]);
+        planes.green[x] = toFixed(pixels[x * kPixelBytes + 1]);
+        planes.red[x] = toFixed(pixels[x * kPixelBytes + 2]);
     }
     return 0;
 }
 
 int packLine(void* user, unsigned i, unsigned left, unsigned right) {
     const Packing& work = *static_cast<const Packing*>(user);
-    std::uint8_t* __restrict pixels = work.target.line(static_cast<int>(i)) + left * kPixelBytes;
-    const std::uint16_t* blue = work.window.line(0, i) + left;
-    const std::uint16_t* green = work.window.line(1, i) + left;
-    const std::uint16_t* red = work.window.line(2, i) + left;
+    std::uint8_t* pixels = work.target.line(static_cast<int>(i)) + left * kPixelBytes;
+    const auto planes = work.window.lines(i, left);
     const std::size_t count = right - left;
-    for (std::size_t x = 0; x < count; ++x) {
-        pixels[x * kPixelBytes] = fromFixed(blue[x]);
-        pixels[x * kPixelBytes + 1] = fromFixed(green[x]);
-        pixels[x * kPixelBytes + 2] = fromFixed(red[x]);
+    for (std::size_t x = kernels::repackedPixels({planes.blue, planes.green, planes.red}, count, pixels);
+         x < count; ++x) {
+        pixels[x * kPixelBytes] = fromFixed(planes.blue[x]);
+        pixels[x * kPixelBytes + 1] = fromFixed(planes.green[x]);
+        pixels[x * kPixelBytes + 2] = fromFixed(planes.red[x]);
         pixels[x * kPixelBytes + 3] = 0;
     }
     return 0;
