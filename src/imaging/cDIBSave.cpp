@@ -73,9 +73,9 @@ void packRow24(const std::uint8_t* from, int width, std::uint8_t* to) {
 }
 
 void writeTrueColorRows(FileWriter& file, const cDIB& DIB) {
-    constexpr std::size_t kChunk = 64 * 1024;
+    constexpr std::size_t kChunk = 128 * 1024;  // more than the writer gathers, less than the cache holds
     const auto stride = static_cast<std::size_t>(packedStride(DIB.Width(), 24));
-    const std::size_t rowsAtOnce = std::max<std::size_t>(1, kChunk / stride);
+    const std::size_t rowsAtOnce = std::min(kChunk / stride + 1, static_cast<std::size_t>(DIB.Height()));
     std::vector<std::uint8_t> rows(rowsAtOnce * stride);  // the padding stays zero
 
     std::size_t filled = 0;

@@ -7,6 +7,8 @@
 #include <hwy/foreach_target.h>  // IWYU pragma: keep
 #include <hwy/highway.h>
 
+#include "platform/Processor.hpp"
+
 HWY_BEFORE_NAMESPACE();
 namespace mobrel::kernels {
 namespace HWY_NAMESPACE {
@@ -82,17 +84,17 @@ HWY_AFTER_NAMESPACE();
 
 namespace mobrel::kernels {
 
-HWY_EXPORT(Unpack);
-HWY_EXPORT(Repack);
+MOBREL_VECTORS(Unpack);
+MOBREL_VECTORS(Repack);
 
 std::size_t unpackedPixels(const std::uint8_t* pixels, std::size_t count,
                            const PlaneLines<std::uint16_t>& planes) {
-    return HWY_DYNAMIC_DISPATCH(Unpack)(pixels, count, planes);
+    return MOBREL_BEST(Unpack)(pixels, count, planes);
 }
 
 std::size_t repackedPixels(const PlaneLines<const std::uint16_t>& planes, std::size_t count,
                            std::uint8_t* pixels) {
-    return HWY_DYNAMIC_DISPATCH(Repack)(planes, count, pixels);
+    return MOBREL_BEST(Repack)(planes, count, pixels);
 }
 
 }  // namespace mobrel::kernels

@@ -26,20 +26,8 @@ Bytes counted(std::size_t count) {
     return bytes;
 }
 
-/// Runs the check with each set of instructions; tells how many did something.
-template <typename Check>
-int vectorTargets(Check check) {
-    int useful = 0;
-    for (const std::int64_t target : test::allTargets()) {
-        SCOPED_TRACE(hwy::TargetName(target));
-        const test::OnlyTarget only(target);
-        useful += check() ? 1 : 0;
-    }
-    return useful;
-}
-
 TEST(PixelVectors, MirrorBothEndsOfARow) {
-    const int useful = vectorTargets([] {
+    const int useful = test::usefulTargets([] {
         std::size_t all = 0;
         for (std::size_t count = 1; count <= kMostPixels; ++count) {
             const Bytes before = counted(count * 4);
@@ -60,7 +48,7 @@ TEST(PixelVectors, MirrorBothEndsOfARow) {
 }
 
 TEST(PixelVectors, PackPixelsWithoutByte3) {
-    const int useful = vectorTargets([] {
+    const int useful = test::usefulTargets([] {
         std::size_t all = 0;
         for (std::size_t count = 1; count <= kMostPixels; ++count) {
             const Bytes pixels = counted(count * 4);
@@ -79,7 +67,7 @@ TEST(PixelVectors, PackPixelsWithoutByte3) {
 }
 
 TEST(PixelVectors, ExpandPixelsWithByte3Zero) {
-    const int useful = vectorTargets([] {
+    const int useful = test::usefulTargets([] {
         std::size_t all = 0;
         for (std::size_t count = 1; count <= kMostPixels; ++count) {
             const Bytes packed = counted(count * 3);
@@ -104,7 +92,7 @@ TEST(PixelVectors, ExpandPixelsWithByte3Zero) {
 TEST(PixelVectors, TransposeATileInAnyOrderOfLines) {
     constexpr std::ptrdiff_t kSide = kernels::kTileSide;
     constexpr std::ptrdiff_t kStride = (kSide + 3) * 4;  // lines of larger pictures
-    const int useful = vectorTargets([] {
+    const int useful = test::usefulTargets([] {
         bool isDone = false;
         for (const std::ptrdiff_t order : {1, -1}) {
             const Bytes from = counted(static_cast<std::size_t>(kStride * kSide));

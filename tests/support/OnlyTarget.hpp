@@ -38,4 +38,16 @@ void forEachTarget(Check check) {
     EXPECT_GT(allTargets().size(), 1U);
 }
 
+/// Runs the check with each set; with how many of them it was true.
+template <typename Check>
+int usefulTargets(Check check) {
+    int useful = 0;
+    for (const std::int64_t target : allTargets()) {
+        SCOPED_TRACE(hwy::TargetName(target));
+        const OnlyTarget only(target);
+        useful += check() ? 1 : 0;
+    }
+    return useful;
+}
+
 }  // namespace mobrel::test
