@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "filters/FilterFrame.hpp"
+#include "filters/NearRows.hpp"
 #include "filters/kernels/displace.hpp"
 #include "filters/kernels/neighbourhood.hpp"
 #include "filters/kernels/point.hpp"
@@ -125,14 +126,11 @@ void cDIBFilter::DespeckleMore(cDIB& DIB) {
 
 void cDIBFilter::Diffuse(cDIB& DIB, std::int32_t xRange, std::int32_t yRange, std::int32_t DiffuseStep) {
     if (DIB.hDIB() == nullptr) return;
-    cDIB S;
-    if (!S.Create(DIB.Width(), DIB.Height(), 0)) throw RuntimeError(ErrorNumber::OutOfMemory);
-    S.LoadDIBBlt(DIB);
     FilterFrame frame(DIB, Progress, ProgressEnd);
-    const kernels::PictureRows from{S.DIBitsPtr(), frame.width(), frame.height()};
+    NearRows rows(frame, yRange);
     const std::int32_t step = DiffuseStep < 1 ? 1 : DiffuseStep;
     const auto work = [&](int y) {
-        kernels::diffuseRow(from, y, frame.row(y), xRange, yRange, step, m_random);
+        kernels::diffuseRow(rows.around(y), y, frame.row(y), {xRange, yRange}, step, m_random);
     };
     frame.onePass(0, frame.height(), work, step);
     frame.finish();

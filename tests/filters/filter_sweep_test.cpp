@@ -132,7 +132,7 @@ void addWithSeveralNumbers(std::vector<SweepCase>& cases) {
 /// Filter and recipe draw the same numbers, each from a source of its own.
 void addWithChance(std::vector<SweepCase>& cases) {
     for (const auto& v : {std::array{5, 1}, std::array{200, 3}, std::array{0, 2}, std::array{-40, 1},
-                          std::array{1073741823, 10}}) {
+                          std::array{256, 1}, std::array{1073741823, 10}}) {
         add(
             cases, "Noise_" + std::to_string(v[0] & 0xFFFF) + "_" + std::to_string(v[1]),
             [=](cDIBFilter& f, cDIB& d) { f.Noise(d, v[0], v[1]); },
@@ -142,6 +142,7 @@ void addWithChance(std::vector<SweepCase>& cases) {
             });
     }
     for (const auto& v : {std::array{1, 1, 1}, std::array{0, 5, 1}, std::array{20, 3, 2},
+                          std::array{-3, 255, 1}, std::array{128, -2, 1}, std::array{3, 256, 1},
                           std::array{-2, 1, -4}, std::array{1073741823, -1073741824, 2147483647}}) {
         add(
             cases, "Diffuse_" + std::to_string(v[0] & 0xFFFF) + "_" + std::to_string(v[2] & 0xFFFF),

@@ -9,6 +9,7 @@
 #include <limits>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "platform/NumberText.hpp"
 #include "platform/RandomSource.hpp"
@@ -87,6 +88,16 @@ TEST(RandomSource, DrawsThePublishedSequence) {
     RandomSource source;
     for (const std::uint32_t bits : {0xE220A8U, 0x6E789EU, 0x06C45DU}) {
         EXPECT_EQ(source.next(), static_cast<float>(bits) / 16777216.0F);
+    }
+}
+
+TEST(RandomSource, DrawsTheSameNumbersAtOnce) {
+    RandomSource one;
+    RandomSource many;
+    for (std::size_t count = 0; count < 70; ++count) {
+        std::vector<std::uint32_t> bits(count);
+        many.draw(bits);
+        for (const std::uint32_t number : bits) ASSERT_EQ(RandomSource::number(number), one.next()) << count;
     }
 }
 
