@@ -8,6 +8,7 @@
 
 #include "filters/FilterFrame.hpp"
 #include "filters/NearRows.hpp"
+#include "filters/kernels/blocks.hpp"
 #include "filters/kernels/displace.hpp"
 #include "filters/kernels/neighbourhood.hpp"
 #include "filters/kernels/point.hpp"
@@ -200,14 +201,13 @@ void cDIBFilter::Outline(cDIB& DIB, std::int32_t Level, std::int32_t Shift) {
 void cDIBFilter::Pixelize(cDIB& DIB, std::int32_t PixelSize) {
     if (DIB.hDIB() == nullptr) return;
     FilterFrame frame(DIB, Progress, ProgressEnd);
-    const kernels::PictureRows rows{frame.row(0), frame.width(), frame.height()};
-    std::vector<std::uint8_t> means;
+    kernels::BlockBand blocks(frame.width(), PixelSize);
     frame.onePass(0, frame.height(), [&](int y) {
         if (y == div(y, PixelSize) * PixelSize) {
-            const int end = y + std::min(PixelSize, frame.height() - y);
-            kernels::blockMeans(rows, y, end, PixelSize, means);
+            const int rows = std::min(PixelSize, frame.height() - y);
+            blocks.measure({frame.row(y), frame.width(), rows});
         }
-        kernels::blockRow(means, frame.row(y), frame.width(), PixelSize);
+        blocks.lay(frame.row(y));
     });
     frame.finish();
 }

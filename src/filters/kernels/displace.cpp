@@ -20,10 +20,6 @@ std::int32_t scattered(float random, std::int32_t centre, std::int32_t range, st
     return place < 1 ? 0 : std::min(place, last);
 }
 
-void copyColour(const std::uint8_t* from, std::uint8_t* to) {
-    std::memcpy(to, from, 3);
-}
-
 /// Takes the colour of the pixel at a place among others.
 void takeColour(const std::uint8_t* pixels, std::int32_t place, std::uint8_t* to) {
     std::uint32_t colour = 0;
@@ -100,42 +96,6 @@ void noiseRow(std::uint8_t* row, int width, std::int32_t level, std::int32_t ste
     if (step == 1 && isNarrow(level)) return addNoiseToWholeRow(row, width, level, random);
     forSteps(0, width - 1, step,
              [&](std::int32_t x) { addNoise(row + std::ptrdiff_t{x} * 4, level, random.next()); });
-}
-
-void blockMeans(const PictureRows& from, int first, int end, std::int32_t size,
-                std::vector<std::uint8_t>& means) {
-    means.clear();
-    if (size < 0) {  // kept: such a block holds no pixel, and its mean stays black
-        means.assign(4, 0);
-        return;
-    }
-    for (int left = 0; left < from.width;) {
-        const int right = static_cast<int>(std::min<std::int64_t>(std::int64_t{left} + size, from.width));
-        std::uint32_t sums[3] = {0, 0, 0};
-        for (int y = first; y < end; ++y) {
-            const std::uint8_t* pixel = from.pixel(left, y);
-            for (int x = left; x < right; ++x, pixel += 4) {
-                for (int channel = 0; channel < 3; ++channel) sums[channel] += pixel[channel];
-            }
-        }
-        const std::int32_t count = (right - left) * (end - first);
-        for (const std::uint32_t sum : sums)
-            means.push_back(toByte(div(static_cast<std::int32_t>(sum), count)));
-        means.push_back(0);
-        left = right;
-    }
-}
-
-void blockRow(const std::vector<std::uint8_t>& means, std::uint8_t* to, int width, std::int32_t size) {
-    const std::uint8_t* mean = means.data();
-    int inBlock = 0;
-    for (int x = 0; x < width; ++x, to += 4) {
-        copyColour(mean, to);
-        if (++inBlock == size) {
-            inBlock = 0;
-            mean += 4;
-        }
-    }
 }
 
 }  // namespace mobrel::kernels

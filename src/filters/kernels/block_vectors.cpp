@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+// Compiled once for each set of instructions; the processor's best is chosen when it runs.
+#include "filters/kernels/block_vectors.hpp"
+
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "filters/kernels/block_vectors.cpp"
+#include <hwy/foreach_target.h>  // IWYU pragma: keep
+#include <hwy/highway.h>
+
+#include "platform/Processor.hpp"
+
+HWY_BEFORE_NAMESPACE();
+namespace mobrel::kernels {
+namespace HWY_NAMESPACE {
+
+#if HWY_TARGET == HWY_SCALAR  // one lane is no vector
+
+std::size_t SumRows(const std::uint8_t*, std::size_t, std::size_t, std::uint16_t*) {
+    return 0;
+}
+std::size_t AddBlocks(const std::uint16_t*, std::size_t, std::size_t, std::uint32_t*) {
+    return 0;
+}
+std::size_t Divide(const std::uint32_t*, std::size_t, std::int32_t, std::uint8_t*) {
+    return 0;
+}
+
+#else
+
+namespace hn = hwy::HWY_NAMESPACE;
+
+std::size_t SumRows(const std::uint8_t* bytes, std::size_t rowBytes, std::size_t rows, std::uint16_t* sums) {
+    const hn::ScalableTag<std::uint16_t> d;
+    const hn::Rebind<std::uint8_t, hn::ScalableTag<std::uint16_t> > narrow;
+    const std::size_t half = hn::Lanes(d);
+    std::size_t done = 0;
+    for (; done + 2 * half <= rowBytes; done += 2 * half) {
+        const std::uint8_t* at = bytes + done;
+        auto lower = hn::PromoteTo(d, hn::LoadU(narrow, at));
+        auto upper = hn::PromoteTo(d, hn::LoadU(narrow, at + half));
+        for (std::size_t y = 1; y < rows; ++y) {
+            at += rowBytes;
+            lower = hn::Add(lower, hn::PromoteTo(d, hn::LoadU(narrow, at)));
+            upper = hn::Add(upper, hn::PromoteTo(d, hn::LoadU(narrow, at + half)));
+        }
+        hn::StoreU(lower, d, sums + done);
+        hn::StoreU(upper, d, sums + done + half);
+    }
+    return done;
+}
+
+std::size_t AddBlocks(const std::uint16_t* columns, std::size_t blocks, std::size_t size,
+                      std::uint32_t* sums) {
+    const hn::FixedTag<std::uint32_t, 4> d;  // the channels of a block
+    const hn::FixedTag<std::uint16_t, 4> narrow;
+    for (std::size_t block = 0; block < blocks; ++block, sums += 4) {
+        auto sum = hn::LoadU(d, sums);
+        for (std::size_t x = 0; x < size; ++x, columns += 4) {
+            sum = hn::Add(sum, hn::PromoteTo(d, hn::LoadU(narrow, columns)));
+        }
+        hn::StoreU(sum, d, sums);
+    }
+    return blocks;
+}
+
+std::size_t Divide(const std::uint32_t* sums, std::size_t count, std::int32_t divisor, std::uint8_t* means) {
+    const hn::ScalableTag<std::int32_t> d;
+    const hn::RebindToUnsigned<decltype(d)> asUnsigned;
+    const hn::RebindToFloat<decltype(d)> asFloat;
+    const hn::Rebind<std::uint8_t, decltype(d)> narrow;
+    const auto by = hn::Set(asFloat, static_cast<float>(divisor));
+    const std::size_t step = hn::Lanes(d);
+    std::size_t done = 0;
+    for (; done + step <= count; done += step) {
+        const auto sum = hn::BitCast(d, hn::LoadU(asUnsigned, sums + done));
+        const auto mean = hn::ConvertTo(d, hn::Div(hn::ConvertTo(asFloat, sum), by));
+        hn::StoreU(hn::DemoteTo(narrow, mean), narrow, means + done);
+    }
+    return done;
+}
+
+#endif
+
+}  // namespace HWY_NAMESPACE
+}  // namespace mobrel::kernels
+HWY_AFTER_NAMESPACE();
+
+#if HWY_ONCE
+
+namespace mobrel::kernels {
+
+MOBREL_VECTORS(SumRows);
+MOBREL_VECTORS(AddBlocks);
+MOBREL_VECTORS(Divide);
+
+std::size_t summedRows(const std::uint8_t* bytes, std::size_t rowBytes, std::size_t rows,
+                       std::uint16_t* sums) {
+    return MOBREL_BEST(SumRows)(bytes, rowBytes, rows, sums);
+}
+
+std::size_t addedBlocks(const std::uint16_t* columns, std::size_t blocks, std::size_t size,
+                        std::uint32_t* sums) {
+    return MOBREL_BEST(AddBlocks)(columns, blocks, size, sums);
+}
+
+std::size_t dividedSums(const std::uint32_t* sums, std::size_t count, std::int32_t divisor,
+                        std::uint8_t* means) {
+    return MOBREL_BEST(Divide)(sums, count, divisor, means);
+}
+
+}  // namespace mobrel::kernels
+
+#endif  // HWY_ONCE
