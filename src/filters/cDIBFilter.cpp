@@ -9,6 +9,7 @@
 #include "filters/FilterFrame.hpp"
 #include "filters/NearRows.hpp"
 #include "filters/kernels/blocks.hpp"
+#include "filters/kernels/contrast.hpp"
 #include "filters/kernels/displace.hpp"
 #include "filters/kernels/neighbourhood.hpp"
 #include "filters/kernels/point.hpp"
@@ -105,10 +106,8 @@ void cDIBFilter::Contrast(cDIB& DIB, std::int32_t Level) {
                      [&](int y) { sum = wrapAdd(sum, kernels::plainGreySum(frame.row(y), width)); });
     const std::int32_t mean = div(sum, width * height);
 
-    const double f = factor(wrapAdd(Level, 100));
-    kernels::IntTable table{};
-    for (int i = 0; i < 256; ++i) table[static_cast<std::size_t>(i)] = roundInt(f * (i - mean) + mean);
-    frame.sharedPass(0.5F, 0, height, [&](int y) { kernels::contrastRow(frame.row(y), width, table); });
+    const kernels::ContrastTable table(factor(wrapAdd(Level, 100)), mean);
+    frame.sharedPass(0.5F, 0, height, [&](int y) { table.run(frame.row(y), width); });
     frame.finish();
 }
 

@@ -68,7 +68,7 @@ void addWithOneNumber(std::vector<SweepCase>& cases) {
     using F = cDIBFilter;
     addLevels(cases, "Blur", &F::Blur, recipes::blur, {-8421395, -300, 0, 76, 99, 100, 101});
     addLevels(cases, "Contrast", &F::Contrast, recipes::contrast,
-              {-421075000, -300, -100, -40, 0, 30, 250, 4000, 421075000});
+              {-421075000, -300, -100, -40, 0, 10, 30, 50, 250, 4000, 421075000});
     addLevels(cases, "Pixelize", &F::Pixelize, recipes::pixelize, {1, 2, 3, 7, 25, 2901});
     addLevels(cases, "Relieve", &F::Relieve, recipes::relieve,
               {-84214000, -7, 1, 50, 75, 99, 100, 102, 84214000});

@@ -30,38 +30,6 @@ void setGreys(std::uint8_t* row, int width, Sum sum) {
     }
 }
 
-/// Channels of one pixel on their way back into the range of a byte.
-struct Channels {
-    std::int32_t b;
-    std::int32_t g;
-    std::int32_t r;
-};
-
-bool isByte(std::int32_t value) {
-    return static_cast<std::uint32_t>(value) <= 255;
-}
-
-/// Brings `clipped` into range and moves half of its excess to each of the others.
-void resolveChannel(std::int32_t& clipped, std::int32_t& second, std::int32_t& third) {
-    if (isByte(clipped)) return;
-    const std::int32_t limit = clipped < 0 ? 0 : 255;
-    const std::int32_t half = div(wrapSub(clipped, limit), 2);
-    second = wrapAdd(second, half);
-    third = wrapAdd(third, half);
-    clipped = limit;
-}
-
-/// kept: blue, green, red in this order on running values, and halves that truncate toward zero.
-void resolveClipping(Channels& c) {
-    while (!(isByte(c.b) && isByte(c.g) && isByte(c.r))) {
-        if (c.b <= 0 && c.g <= 0 && c.r <= 0) c = {0, 0, 0};
-        if (c.b >= 255 && c.g >= 255 && c.r >= 255) c = {255, 255, 255};
-        resolveChannel(c.b, c.g, c.r);
-        resolveChannel(c.g, c.b, c.r);
-        resolveChannel(c.r, c.g, c.b);
-    }
-}
-
 }  // namespace
 
 void greysRow(std::uint8_t* row, int width) {
@@ -124,22 +92,6 @@ void saturationRow(std::uint8_t* row, int width, float f) {
             const int c = row[channel];
             row[channel] = clampByte(roundInt(strength * (c - grey) + c));
         }
-    }
-}
-
-std::int32_t plainGreySum(const std::uint8_t* row, int width) {
-    std::uint32_t sum = 0;
-    for (int x = 0; x < width; ++x, row += 4) sum += static_cast<std::uint32_t>(plainGrey(row));
-    return static_cast<std::int32_t>(sum);
-}
-
-void contrastRow(std::uint8_t* row, int width, const IntTable& table) {
-    for (int x = 0; x < width; ++x, row += 4) {
-        Channels c{table[row[0]], table[row[1]], table[row[2]]};
-        resolveClipping(c);
-        row[0] = static_cast<std::uint8_t>(c.b);
-        row[1] = static_cast<std::uint8_t>(c.g);
-        row[2] = static_cast<std::uint8_t>(c.r);
     }
 }
 

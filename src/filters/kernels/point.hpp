@@ -8,7 +8,6 @@
 namespace mobrel::kernels {
 
 using ByteTable = std::array<std::uint8_t, 256>;
-using IntTable = std::array<std::int32_t, 256>;
 
 /// Round(0.707 G + 0.071 B + 0.222 R), summed in that order in double precision, on all channels.
 void greysRow(std::uint8_t* row, int width);
@@ -33,12 +32,5 @@ void tableRow(std::uint8_t* row, int width, const ByteTable& blue, const ByteTab
 /// Round(f (c - g) + c), limited to a byte, g being the plain grey (R + G + B) div 3. Error 6 when the
 /// rounded value does not fit 32 bits.
 void saturationRow(std::uint8_t* row, int width, float f);
-
-/// The sum of the plain greys of a row; wraps at 32 bits.
-std::int32_t plainGreySum(const std::uint8_t* row, int width);
-
-/// Each channel through the table, whose entries may leave 0 to 255; the excess of a clipped channel
-/// moves in halves to the other two.
-void contrastRow(std::uint8_t* row, int width, const IntTable& table);
 
 }  // namespace mobrel::kernels

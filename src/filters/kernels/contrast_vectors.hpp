@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+// The two passes of Contrast in vectors. Each kernel does a row from its first pixel and tells how many
+// pixels it has done; what is left is less than two vectors.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+namespace mobrel::kernels {
+
+/// The sum of plain greys, which wraps at 32 bits.
+struct GreySum {
+    std::size_t pixels;
+    std::uint32_t sum;
+};
+GreySum summedGreys(const std::uint8_t* row, std::size_t count);
+
+/// The line Round((whole + fraction / 65536) (i - centre)) + centre, with ties to the even sum.
+struct ContrastLine {
+    std::int16_t centre;
+    std::int16_t whole;
+    std::int16_t fraction;
+};
+
+/// The line at 0 to 255, as contrastedPixels takes it. Zeros where there are no vectors.
+std::array<std::int16_t, 256> pointsOf(const ContrastLine& line);
+
+/// Values up to this magnitude stay within 16 bits while their excess moves to and fro: all three channels
+/// together are never further out of range than they were at first.
+constexpr std::int32_t kMostContrast = 10'000;
+
+/// contrastRow for the table that the line stands for, of no value beyond kMostContrast.
+std::size_t contrastedPixels(std::uint8_t* row, std::size_t count, const ContrastLine& line);
+
+}  // namespace mobrel::kernels
