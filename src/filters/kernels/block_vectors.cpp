@@ -49,14 +49,23 @@ std::size_t SumRows(const std::uint8_t* bytes, std::size_t rowBytes, std::size_t
     return done;
 }
 
+using Channels = hn::FixedTag<std::uint32_t, 4>;
+
+HWY_INLINE hn::Vec<Channels> column(const std::uint16_t* sums) {
+    return hn::PromoteTo(Channels(), hn::LoadU(hn::Rebind<std::uint16_t, Channels>(), sums));
+}
+
 std::size_t AddBlocks(const std::uint16_t* columns, std::size_t blocks, std::size_t size,
                       std::uint32_t* sums) {
-    const hn::FixedTag<std::uint32_t, 4> d;  // the channels of a block
-    const hn::FixedTag<std::uint16_t, 4> narrow;
+    const Channels d;
     for (std::size_t block = 0; block < blocks; ++block, sums += 4) {
         auto sum = hn::LoadU(d, sums);
-        for (std::size_t x = 0; x < size; ++x, columns += 4) {
-            sum = hn::Add(sum, hn::PromoteTo(d, hn::LoadU(narrow, columns)));
+        for (std::size_t pair = 0; pair < size / 2; ++pair, columns += 8) {
+            sum = hn::Add(hn::Add(sum, column(columns)), column(columns + 4));
+        }
+        if (size % 2 == 1) {
+            sum = hn::Add(sum, column(columns));
+            columns += 4;
         }
         hn::StoreU(sum, d, sums);
     }
