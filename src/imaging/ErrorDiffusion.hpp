@@ -1,51 +1,59 @@
 // SPDX-License-Identifier: MIT
-// The two ways in which a quantisation error is spread over the pixels around.
+// The two ways in which a quantisation error is spread over the pixels around: in waves, and pixel by pixel
+// on a processor without vectors.
 #pragma once
 
 #include <array>
 #include <cstdint>
 #include <vector>
 
+#include "imaging/DiffusionWave.hpp"
+#include "imaging/WaveBand.hpp"
+
 namespace mobrel {
 
 /// Floyd and Steinberg's kernel straight on the pixels, at the precision of a byte: each share is
-/// truncated, and each sum is limited to 0 to 255 as it is written.
+/// truncated, and each sum is limited to 0 to 255 as it is written. Errors that sum to 3 or less stop at
+/// their pixel. The bands of a picture are reduced in their order.
 class PixelDiffusion {
  public:
-    /// Spreads the errors of the pixel at column x. `at` is its row, `above` the next one or null.
-    /// Errors that sum to 3 or less stop here.
-    static void spread(const std::array<int, 3>& errors, int x, int width, std::uint8_t* at,
-                       std::uint8_t* above);
+    explicit PixelDiffusion(int width) : m_errors(width) {}
+
+    /// An entry of a table is a colour, 0x00RRGGBB, with its index above it.
+    /// By a table of 4,096 entries in the order of a ColourCube.
+    void reduceColours(WaveBand& band, const std::uint32_t* table);
+    /// By a table with an entry for each weighted grey.
+    void reduceGreys(WaveBand& band, const std::uint32_t* table);
+
+ private:
+    Handover<std::uint32_t> m_errors;
 };
 
 /// Stucki's kernel on a store of three lines of whole numbers, so that only the pixels' own values are
-/// limited. The last columns and lines get less than the kernel could reach: kept.
+/// limited. The last columns and lines get less than the kernel could reach: kept. The bands of a picture
+/// are reduced in their order.
 class StoredDiffusion {
  public:
-    StoredDiffusion(int width, int height);
+    StoredDiffusion(int width, const StoredRule& rule);
 
-    /// The error that has come to column x of the present line.
-    std::int32_t at(int x) const { return m_lines[0][static_cast<std::size_t>(x)]; }
-
-    /// Spreads an error of -255 to 255 from column x of line y.
-    void spread(int error, int x, int y);
-
-    /// Goes on to the next line.
-    void nextLine();
+    void reduce(WaveBand& band);
 
  private:
     static constexpr int kShares = 12;
     using Shares = std::array<std::int32_t, kShares>;
 
+    void reduceRow(WaveBand& band);
+    /// Spreads an error of -255 to 255 from column x of the band's row.
+    void spread(int error, int x, const WaveBand& band);
+    void spreadBelow(int line, int x, const std::int32_t* shares, int width);
     void add(int line, int x, std::int32_t share) {
         m_lines[static_cast<std::size_t>(line)][static_cast<std::size_t>(x)] += share;
     }
-    void spreadBelow(int line, int x, const std::int32_t* shares);
 
-    int m_width;
-    int m_height;
-    std::array<std::vector<std::int32_t>, 3> m_lines;
-    std::vector<Shares> m_shares;  // by error + 255
+    StoredRule m_rule;
+    Handover<float> m_errors;
+    std::array<std::vector<std::int32_t>, 3> m_lines;  // used without vectors
+    std::vector<Shares> m_shares;                      // by error + 255
 };
 
 }  // namespace mobrel

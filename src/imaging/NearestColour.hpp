@@ -17,6 +17,12 @@ constexpr int kCubeLevels = 16;
 /// A palette index for each of the 4,096 colours of the cube, at (blue x 16 + green) x 16 + red.
 using ColourCube = std::array<std::uint8_t, kCubeLevels * kCubeLevels * kCubeLevels>;
 
+/// The place in the cube of the colour nearest to a pixel: of each channel Round(v / 17).
+constexpr int cubePlace(const std::uint8_t* pixel) {
+    const auto level = [](int v) { return (v + 8) / 17; };  // no v lies between two levels
+    return (level(pixel[0]) * kCubeLevels + level(pixel[1])) * kCubeLevels + level(pixel[2]);
+}
+
 /// Answers with the entry of least squared distance in red, green and blue, the lowest index among
 /// equals. Keeps the colours it was made with; 1 to 256 of them.
 class NearestColour {

@@ -8,7 +8,9 @@
 #include <memory>
 
 #include "imaging/ErrorDiffusion.hpp"
+#include "imaging/GreyVectors.hpp"
 #include "imaging/IndexRow.hpp"
+#include "imaging/WaveBand.hpp"
 #include "imaging/WeightedGrey.hpp"
 #include "platform/Numbers.hpp"
 
@@ -16,33 +18,55 @@ namespace mobrel {
 
 namespace {
 
-using ByteTable = std::array<std::uint8_t, 256>;
+/// A colour with its index above it.
+constexpr std::uint32_t withIndex(std::uint32_t colour, int index) {
+    return colour | static_cast<std::uint32_t>(index) << 24;
+}
 
-/// Round(v / 17): the nearest of 16 even levels.
-ByteTable levelTable() {
-    ByteTable table{};
-    for (int v = 0; v < 256; ++v) table[static_cast<std::size_t>(v)] = toByte(roundInt(v / 17.0));
+constexpr std::uint32_t greyColour(int grey) {
+    return static_cast<std::uint32_t>(grey) * 0x010101U;
+}
+
+/// The even greys of a depth of 8, 4 or 1 bits.
+Paint greyPaint(int bits) {
+    const int count = 1 << bits;
+    Paint paint;
+    for (int i = 0; i < count; ++i) {
+        paint.colours[static_cast<std::size_t>(i)] = greyColour(i * 255 / (count - 1));
+    }
+    paint.kept = 0xFF000000;
+    return paint;
+}
+
+/// What each grey becomes at such a depth: the nearest level. None lies between two.
+std::array<std::uint32_t, 256> greyTable(int bits, const Paint& paint) {
+    const int most = (1 << bits) - 1;
+    std::array<std::uint32_t, 256> table{};
+    for (int grey = 0; grey < 256; ++grey) {
+        const int index = (grey * most * 2 + 255) / (255 * 2);
+        table[static_cast<std::size_t>(grey)] =
+            withIndex(paint.colours[static_cast<std::size_t>(index)], index);
+    }
     return table;
 }
 
-/// A grey as it is reduced: its index, and the grey that the index stands for.
-struct ReducedGrey {
-    int index;
-    int grey;
-};
+Paint colourPaint(const cDIBPal& Pal) {
+    Paint paint;
+    std::memcpy(paint.colours.data(), Pal.PalettePtr(), static_cast<std::size_t>(Pal.Count()) * 4);
+    return paint;
+}
 
-/// What each grey becomes at a depth of 8, 4 or 1 bits.
-std::array<ReducedGrey, 256> greyReduction(int bits) {
-    const ByteTable levels = levelTable();
-    std::array<ReducedGrey, 256> reduction{};
-    for (int g = 0; g < 256; ++g) {
-        const int level = levels[static_cast<std::size_t>(g)];
-        reduction[static_cast<std::size_t>(g)] = bits == 8 ? ReducedGrey{g, g}
-                                                 : bits == 4
-                                                     ? ReducedGrey{level, level * 17}
-                                                     : ReducedGrey{g < 128 ? 0 : 1, g < 128 ? 0 : 255};
+/// What each colour of the cube becomes. Error 91 for a palette that no builder has made.
+std::vector<std::uint32_t> colourTable(const cDIBPal& Pal, const Paint& paint) {
+    if (Pal.hPal() == nullptr) throw RuntimeError(ErrorNumber::ObjectNotSet);
+    const ColourCube cube = Pal.hPal()->cube();
+    // A table that was made anew may be shorter than what is searched.
+    if (*std::ranges::max_element(cube) >= Pal.Count()) throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+    std::vector<std::uint32_t> table;
+    for (const std::uint8_t index : cube) {
+        table.push_back(withIndex(paint.colours[index] & 0x00FFFFFF, index));
     }
-    return reduction;
+    return table;
 }
 
 /// The depth of an index into so many entries. Error 5 for a number that is no depth's.
@@ -59,24 +83,68 @@ int depthOf(int entries) {
     }
 }
 
-std::uint8_t* rowOf(cDIB& DIB, int y) {
-    return y < DIB.Height() ? DIB.DIBitsPtr() + std::ptrdiff_t{y} * DIB.BytesPerScanLine() : nullptr;
+/// Sets a row to its weighted greys.
+void setGreys(std::uint8_t* row, int width) {
+    const auto count = static_cast<std::size_t>(width);
+    for (std::size_t x = 0; x < count;) {
+        x += greysWithoutTies(row + x * 4, count - x);
+        for (const std::size_t end = std::min<std::size_t>(count, x + WaveBand::kMostRows); x < end; ++x) {
+            std::uint8_t* const pixel = row + x * 4;
+            pixel[0] = pixel[1] = pixel[2] = weightedGrey(pixel);
+        }
+    }
 }
 
-void setGrey(std::uint8_t* pixel, int grey) {
-    pixel[0] = pixel[1] = pixel[2] = static_cast<std::uint8_t>(grey);
+/// The pixels become full greys; only their indices are reduced.
+void toGreys(WaveBand& band, const std::array<std::uint32_t, 256>& table) {
+    const auto count = static_cast<std::size_t>(band.width());
+    for (int row = 0; row < band.rows(); ++row) {
+        const std::uint8_t* const pixels = band.pixel(row, 0);
+        std::uint8_t* const indices = band.indices(row);
+        setGreys(band.pixel(row, 0), band.width());
+        for (std::size_t x = firstBytes(pixels, count, indices); x < count; ++x) indices[x] = pixels[x * 4];
+        for (std::size_t x = 0; x < count; ++x) {
+            indices[x] = static_cast<std::uint8_t>(table[indices[x]] >> 24);
+        }
+    }
+}
+
+void toColours(WaveBand& band, const std::vector<std::uint32_t>& table) {
+    for (int row = 0; row < band.rows(); ++row) {
+        for (int x = 0; x < band.width(); ++x) {
+            const auto place = static_cast<std::size_t>(cubePlace(band.pixel(row, x)));
+            band.set(row, x, static_cast<std::uint8_t>(table[place] >> 24));
+        }
+    }
 }
 
 /// The sum of all plain greys, after each row of which `rowDone` is called.
 template <typename RowDone>
 std::int64_t sumOfGreys(const cDIB& DIB, RowDone rowDone) {
+    const auto count = static_cast<std::size_t>(DIB.Width());
     std::int64_t sum = 0;
     for (int y = 0; y < DIB.Height(); ++y) {
-        const std::uint8_t* pixel = DIB.hDIB()->row(y);
-        for (int x = 0; x < DIB.Width(); ++x, pixel += 4) sum += plainGrey(pixel);
+        const std::uint8_t* const row = DIB.hDIB()->row(y);
+        for (std::size_t x = addPlainGreys(row, count, sum); x < count; ++x) sum += plainGrey(row + x * 4);
         rowDone();
     }
     return sum;
+}
+
+/// Reduces a picture band by band, which reduce(band) does, and packs the indices row by row.
+template <typename Reduce, typename RowDone>
+void reduceBands(cDIB& DIB, const Paint& paint, int bits, std::uint8_t* map, Reduce reduce, RowDone rowDone) {
+    const int rows = std::max(waveRows(), 1);
+    const int width = DIB.Width();
+    WaveBand band(DIB, paint);
+    for (int y = 0; y < DIB.Height(); y += band.rows()) {
+        band.select(y, rows);
+        reduce(band);
+        for (int row = 0; row < band.rows(); ++row, map += packedStride(width, bits)) {
+            packIndices(band.indices(row), width, bits, map);
+            rowDone(y + row);
+        }
+    }
 }
 
 }  // namespace
@@ -98,78 +166,52 @@ void cDIBDither::DitherToBlackAndWhite(cDIB& DIB, std::int32_t PalWeight) {
     };
     const auto threshold = static_cast<int>(sumOfGreys(DIB, rowDone) / (std::int64_t{width} * height));
 
-    StoredDiffusion store(width, height);
-    for (int y = 0; y < height; ++y, map += packedStride(width, 1)) {
-        IndexRow indices(map, 1);
-        std::uint8_t* pixel = rowOf(DIB, y);
-        for (int x = 0; x < width; ++x, pixel += 4) {
-            const int v = clampByte(wrapAdd(plainGrey(pixel), div(wrapMul(store.at(x), 10), PalWeight)));
-            const int out = v < threshold ? 0 : 255;
-            indices.put(x, out);
-            setGrey(pixel, out);
-            store.spread(v - out, x, y);
-        }
-        store.nextLine();
-        rowDone();
-    }
+    if (PalWeight == 0) throw RuntimeError(ErrorNumber::DivisionByZero);
+    StoredDiffusion diffusion(width, {threshold, PalWeight});
+    reduceBands(
+        DIB, greyPaint(1), 1, map, [&](WaveBand& band) { diffusion.reduce(band); }, [&](int) { rowDone(); });
     ProgressEnd.raise();
 }
 
 void cDIBDither::DitherToGreyPalette(cDIB& DIB, const cDIBPal& Pal, bool Diffuse) {
     if (DIB.hDIB() == nullptr) return;
     const int width = DIB.Width();
-    const int height = DIB.Height();
     const int bits = depthOf(Pal.Count());
-    const auto reduction = greyReduction(bits);
-    std::uint8_t* map = InitializePalID(width, height, bits);
-    for (int y = 0; y < height; ++y, map += packedStride(width, bits)) {
-        IndexRow indices(map, bits);
-        std::uint8_t* row = rowOf(DIB, y);
-        std::uint8_t* above = rowOf(DIB, y + 1);
-        for (int x = 0; x < width; ++x) {
-            std::uint8_t* pixel = row + std::ptrdiff_t{x} * 4;
-            const std::uint8_t grey = weightedGrey(pixel);
-            const ReducedGrey reduced = reduction[grey];
-            indices.put(x, reduced.index);
-            setGrey(pixel, Diffuse ? reduced.grey : grey);
-            const int error = grey - reduced.grey;
-            if (Diffuse) PixelDiffusion::spread({error, error, error}, x, width, row, above);
-        }
-        Progress.raise(y);
-    }
+    const Paint paint = greyPaint(bits);
+    const auto table = greyTable(bits, paint);
+    std::uint8_t* map = InitializePalID(width, DIB.Height(), bits);
+    PixelDiffusion diffusion(width);
+    reduceBands(
+        DIB, paint, bits, map,
+        [&](WaveBand& band) {
+            if (Diffuse) {
+                diffusion.reduceGreys(band, table.data());
+            } else {
+                toGreys(band, table);
+            }
+        },
+        [&](int y) { Progress.raise(y); });
     ProgressEnd.raise();
 }
 
 void cDIBDither::DitherToColorPalette(cDIB& DIB, const cDIBPal& Pal, bool Diffuse) {
     if (DIB.hDIB() == nullptr) return;
     const int width = DIB.Width();
-    const int height = DIB.Height();
     const int bits = depthOf(Pal.Count());
-    if (Pal.hPal() == nullptr) throw RuntimeError(ErrorNumber::ObjectNotSet);
-    const ColourCube cube = Pal.hPal()->cube();
-    // A table that was made anew may be shorter than what is searched.
-    if (*std::ranges::max_element(cube) >= Pal.Count()) throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
-    const ByteTable levels = levelTable();
-    const RgbQuad* entries = Pal.PalettePtr();
-    std::uint8_t* map = InitializePalID(width, height, bits);
-    for (int y = 0; y < height; ++y, map += packedStride(width, bits)) {
-        IndexRow indices(map, bits);
-        std::uint8_t* row = rowOf(DIB, y);
-        std::uint8_t* above = rowOf(DIB, y + 1);
-        for (int x = 0; x < width; ++x) {
-            std::uint8_t* pixel = row + std::ptrdiff_t{x} * 4;
-            const int colour =
-                (levels[pixel[0]] * kCubeLevels + levels[pixel[1]]) * kCubeLevels + levels[pixel[2]];
-            const std::uint8_t index = cube[static_cast<std::size_t>(colour)];
-            const RgbQuad& entry = entries[index];
-            indices.put(x, index);
-            const std::array<int, 3> errors = {pixel[0] - entry.blue, pixel[1] - entry.green,
-                                               pixel[2] - entry.red};
-            std::memcpy(pixel, &entry, 4);
-            if (Diffuse) PixelDiffusion::spread(errors, x, width, row, above);
-        }
-        Progress.raise(y);
-    }
+    const Paint paint = colourPaint(Pal);
+    const auto table = colourTable(Pal, paint);
+    std::uint8_t* map = InitializePalID(width, DIB.Height(), bits);
+    PixelDiffusion diffusion(width);
+    reduceBands(
+        DIB, paint, bits, map,
+        [&](WaveBand& band) {
+            if (Diffuse) {
+                diffusion.reduceColours(band, table.data());
+            } else {
+                toColours(band, table);
+            }
+        },
+        [&](int y) { Progress.raise(y); });
     ProgressEnd.raise();
 }
 

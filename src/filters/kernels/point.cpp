@@ -7,6 +7,7 @@
 
 #include "filters/kernels/point_vectors.hpp"
 #include "filters/kernels/rounded_vectors.hpp"
+#include "imaging/GreyVectors.hpp"
 #include "imaging/WeightedGrey.hpp"
 #include "platform/Numbers.hpp"
 

@@ -7,11 +7,6 @@
 
 namespace mobrel::kernels {
 
-/// Sets pixels to their weighted grey, as long as no sum of weights lies on a rounding tie, which the order
-/// of the sum decides. How many are done: it stops before a vector with a tie, and where less than a vector
-/// is left.
-std::size_t greysWithoutTies(std::uint8_t* row, std::size_t count);
-
 /// Adds the bytes of `up` to those of each pixel and takes those of `down` away, both within 0 to 255. How
 /// many are done; what is left is less than a vector.
 std::size_t shiftedPixels(std::uint8_t* row, std::size_t count, std::uint32_t up, std::uint32_t down);

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+// The two ways of error diffusion, one pixel of each row of a band at a time.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "imaging/WaveBand.hpp"
+
+namespace mobrel {
+
+/// How many rows a wave takes on this processor, which is what a band has but for the last one. 0 without
+/// vectors: then there are no waves.
+int waveRows();
+
+/// What the last row of a band hands on to the next band: two values for each step. None at first.
+template <typename Value>
+struct Handover {
+    explicit Handover(int width)
+        : first(static_cast<std::size_t>(width) + 2 * WaveBand::kLag * WaveBand::kMostRows + WaveBand::kTail),
+          second(first.size()) {}
+
+    std::vector<Value> first;
+    std::vector<Value> second;
+};
+
+/// Black or white by a threshold, with Stucki's kernel as StoredDiffusion spreads it.
+struct StoredRule {
+    int threshold;        // 0 to 255
+    std::int32_t weight;  // of an error 10 / weight takes effect; not 0
+};
+void diffuseStored(WaveBand& band, const StoredRule& rule, Handover<float>& errors);
+
+/// With the kernel of Floyd and Steinberg as PixelDiffusion spreads it. An entry of a table is a colour,
+/// 0x00RRGGBB, with its index above it.
+/// The table has 4,096 entries, in the order of a ColourCube.
+void diffuseColours(WaveBand& band, const std::uint32_t* table, Handover<std::uint32_t>& errors);
+/// The table has an entry for each weighted grey.
+void diffuseGreys(WaveBand& band, const std::uint32_t* table, Handover<std::uint32_t>& errors);
+
+}  // namespace mobrel
