@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "imaging/GreyLevels.hpp"
 #include "imaging/WaveBand.hpp"
 
 namespace mobrel {
@@ -32,11 +33,10 @@ struct StoredRule {
 };
 void diffuseStored(WaveBand& band, const StoredRule& rule, Handover<float>& errors);
 
-/// With the kernel of Floyd and Steinberg as PixelDiffusion spreads it. An entry of a table is a colour,
-/// 0x00RRGGBB, with its index above it.
-/// The table has 4,096 entries, in the order of a ColourCube.
+/// With the kernel of Floyd and Steinberg as PixelDiffusion spreads it. An entry of the table is a colour,
+/// 0x00RRGGBB, with its index above it; there are 4,096, in the order of a ColourCube.
 void diffuseColours(WaveBand& band, const std::uint32_t* table, Handover<std::uint32_t>& errors);
-/// The table has an entry for each weighted grey.
-void diffuseGreys(WaveBand& band, const std::uint32_t* table, Handover<std::uint32_t>& errors);
+/// The same by weighted greys.
+void diffuseGreys(WaveBand& band, const GreyLevels& levels, Handover<std::uint32_t>& errors);
 
 }  // namespace mobrel

@@ -33,8 +33,7 @@ void spreadOverPixels(const ChannelErrors& errors, std::uint8_t* pixel, std::uin
     if (hasLeft) addShare(above - 4, errors, 3);
 }
 
-/// Reduces a band of one row: entryOf(pixel) is what a pixel becomes, seen(pixel) what its errors are
-/// counted from.
+/// Reduces a band of one row: entryOf(pixel) is what a pixel becomes, a colour with its index above it.
 template <typename EntryOf>
 void reducePixels(WaveBand& band, EntryOf entryOf) {
     const bool hasAbove = band.firstRow() + 1 < band.height();
@@ -57,12 +56,12 @@ void PixelDiffusion::reduceColours(WaveBand& band, const std::uint32_t* table) {
     reducePixels(band, [table](const std::uint8_t* pixel) { return table[cubePlace(pixel)]; });
 }
 
-void PixelDiffusion::reduceGreys(WaveBand& band, const std::uint32_t* table) {
-    if (waveRows() > 0) return diffuseGreys(band, table, m_errors);
-    reducePixels(band, [table](std::uint8_t* pixel) {
+void PixelDiffusion::reduceGreys(WaveBand& band, const GreyLevels& levels) {
+    if (waveRows() > 0) return diffuseGreys(band, levels, m_errors);
+    reducePixels(band, [&levels](std::uint8_t* pixel) {
         const std::uint8_t grey = weightedGrey(pixel);
         pixel[0] = pixel[1] = pixel[2] = grey;
-        return table[grey];
+        return levels.index(grey) * levels.entry;
     });
 }
 

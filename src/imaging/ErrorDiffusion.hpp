@@ -19,11 +19,10 @@ class PixelDiffusion {
  public:
     explicit PixelDiffusion(int width) : m_errors(width) {}
 
-    /// An entry of a table is a colour, 0x00RRGGBB, with its index above it.
-    /// By a table of 4,096 entries in the order of a ColourCube.
+    /// By a table of 4,096 colours, 0x00RRGGBB with their indices above, in the order of a ColourCube.
     void reduceColours(WaveBand& band, const std::uint32_t* table);
-    /// By a table with an entry for each weighted grey.
-    void reduceGreys(WaveBand& band, const std::uint32_t* table);
+    /// By weighted greys.
+    void reduceGreys(WaveBand& band, const GreyLevels& levels);
 
  private:
     Handover<std::uint32_t> m_errors;

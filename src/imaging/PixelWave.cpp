@@ -23,13 +23,12 @@ int Rows() {
     return 0;
 }
 void Colours(WaveBand&, const std::uint32_t*, Handover<std::uint32_t>&) {}
-void Greys(WaveBand&, const std::uint32_t*, Handover<std::uint32_t>&) {}
+void Greys(WaveBand&, const GreyLevels&, Handover<std::uint32_t>&) {}
 
 #else
 
 using Bytes = hn::Repartition<std::uint8_t, Pixels>;
 using SignedBytes = hn::RebindToSigned<Bytes>;
-using Words = hn::Repartition<std::uint16_t, Pixels>;
 using ByteVector = hn::Vec<Bytes>;
 using ShareVector = hn::Vec<SignedBytes>;
 
@@ -113,44 +112,47 @@ class Shares {
     Nibbles m_negative;
 };
 
-/// Colours as they are, by their nearest levels' place in the cube.
-struct ColourTable {
-    const std::uint32_t* entries;
+/// A pixel as its errors are counted from, and what it becomes: a colour with its index above it.
+struct Reduced {
+    PixelVector seen;
+    PixelVector given;
+};
 
-    HWY_INLINE PixelVector seen(PixelVector pixels) const { return pixels; }
+/// Colours by the place of their nearest levels in the cube.
+struct ColourReduction {
+    const std::uint32_t* table;
 
-    HWY_INLINE PixelVector given(PixelVector seen) const {
-        const PixelVector outer = levels(hn::And(seen, hn::Set(Pixels(), 0x00FF00FF)));
-        const PixelVector green = levels(channel(seen, 8));
-        const PixelVector place =
-            hn::Or(hn::Or(hn::ShiftLeft<8>(outer), hn::ShiftRight<16>(outer)), hn::ShiftLeft<4>(green));
-        return hn::GatherIndex(Pixels(), entries,
-                               hn::BitCast(Integers(), hn::And(place, hn::Set(Pixels(), 0xFFF))));
+    HWY_INLINE Reduced reduced(PixelVector pixels) const {
+        const PixelVector outer = levels(hn::And(pixels, hn::Set(Pixels(), 0x00FF00FF)));
+        const PixelVector green = levels(channel(pixels, 8));
+        const PixelVector blue = hn::And(hn::ShiftLeft<8>(outer), hn::Set(Pixels(), 0xF00));
+        const PixelVector place = hn::Or(hn::Or(blue, hn::ShiftRight<16>(outer)), hn::ShiftLeft<4>(green));
+        return {pixels, hn::GatherIndex(Pixels(), table, hn::BitCast(Integers(), place))};
     }
 
  private:
-    /// Round(v / 17) in each half of a lane: (v + 8) div 17, by a factor whose excess reaches no quotient.
+    /// Round(v / 17) in each half of a lane.
     static HWY_INLINE PixelVector levels(PixelVector values) {
-        constexpr std::uint16_t kSeventeenth = 3856;  // of 2^16
-        const Words d;
-        const auto from = hn::Add(hn::BitCast(d, values), hn::Set(d, 8));
-        return hn::BitCast(Pixels(), hn::MulHigh(from, hn::Set(d, kSeventeenth)));
+        constexpr GreyLevels kLevels(4);
+        static_assert(kLevels.offset % kLevels.factor == 0);
+        const hn::Repartition<std::uint16_t, Pixels> d;
+        const auto shifted = hn::Add(hn::BitCast(d, values), hn::Set(d, kLevels.offset / kLevels.factor));
+        return hn::BitCast(Pixels(), hn::MulHigh(shifted, hn::Set(d, kLevels.factor)));
     }
 };
 
 /// Pixels as their weighted greys.
-struct GreyTable {
-    const std::uint32_t* entries;
+struct GreyReduction {
+    GreyLevels levels;
 
-    HWY_INLINE PixelVector seen(PixelVector pixels) const {
+    HWY_INLINE Reduced reduced(PixelVector pixels) const {
+        const Pixels d;
         const WeightedGreys weighted(pixels);
         PixelVector greys = weighted.greys;
-        if (HWY_UNLIKELY(!hn::AllFalse(Pixels(), weighted.isTie))) greys = plainly(pixels);
-        return hn::Mul(greys, hn::Set(Pixels(), 0x010101));
-    }
-
-    HWY_INLINE PixelVector given(PixelVector seen) const {
-        return hn::GatherIndex(Pixels(), entries, hn::BitCast(Integers(), channel(seen, 0)));
+        if (HWY_UNLIKELY(!hn::AllFalse(d, weighted.isTie))) greys = plainly(pixels);
+        const PixelVector index =
+            hn::ShiftRight<16>(hn::Add(hn::Mul(greys, hn::Set(d, levels.factor)), hn::Set(d, levels.offset)));
+        return {hn::Mul(greys, hn::Set(d, 0x010101)), hn::Mul(index, hn::Set(d, levels.entry))};
     }
 
  private:
@@ -165,12 +167,12 @@ struct GreyTable {
 
 /// A share is added to a byte with its highest bit turned over, so that the limits of signed bytes are those
 /// of the pixel's.
-template <class Table>
+template <class Reduction>
 class PixelWave {
  public:
-    HWY_INLINE PixelWave(const WaveBand& band, Table table)
+    HWY_INLINE PixelWave(const WaveBand& band, Reduction reduction)
         : m_columns(band),
-          m_table(table),
+          m_reduction(reduction),
           m_seven(hn::Zero(SignedBytes())),
           m_three(m_seven),
           m_five(m_seven),
@@ -178,9 +180,8 @@ class PixelWave {
 
     HWY_INLINE PixelVector step(PixelVector pixels, std::uint32_t* positiveSlot,
                                 std::uint32_t* negativeSlot) {
-        const PixelVector seen = m_table.seen(reached(pixels));
-        const PixelVector given = m_table.given(seen);
-        Errors errors(seen, given);
+        const Reduced reduced = m_reduction.reduced(reached(pixels));
+        Errors errors(reduced.seen, reduced.given);
         const PixelVector spreading = hn::IfThenElseZero(m_columns.areInside(), errors.spreading());
         m_seven = hn::And(Shares(errors).template of<7>(), hn::BitCast(SignedBytes(), spreading));
 
@@ -188,7 +189,7 @@ class PixelWave {
         errors.negative = m_nextRow.moved(hn::And(errors.negative, spreading), negativeSlot);
         spreadAbove(Shares(errors));
         m_columns.next();
-        return given;
+        return reduced.given;
     }
 
  private:
@@ -209,7 +210,7 @@ class PixelWave {
     }
 
     Columns m_columns;
-    Table m_table;
+    Reduction m_reduction;
     NextRow<Pixels> m_nextRow;
     ShareVector m_seven;
     ShareVector m_three;
@@ -221,11 +222,11 @@ class PixelWave {
 };
 
 void Colours(WaveBand& band, const std::uint32_t* table, Handover<std::uint32_t>& errors) {
-    goThrough(band, PixelWave<ColourTable>(band, {table}), errors);
+    goThrough(band, PixelWave<ColourReduction>(band, {table}), errors);
 }
 
-void Greys(WaveBand& band, const std::uint32_t* table, Handover<std::uint32_t>& errors) {
-    goThrough(band, PixelWave<GreyTable>(band, {table}), errors);
+void Greys(WaveBand& band, const GreyLevels& levels, Handover<std::uint32_t>& errors) {
+    goThrough(band, PixelWave<GreyReduction>(band, {levels}), errors);
 }
 
 #endif
@@ -250,8 +251,8 @@ void diffuseColours(WaveBand& band, const std::uint32_t* table, Handover<std::ui
     MOBREL_BEST(Colours)(band, table, errors);
 }
 
-void diffuseGreys(WaveBand& band, const std::uint32_t* table, Handover<std::uint32_t>& errors) {
-    MOBREL_BEST(Greys)(band, table, errors);
+void diffuseGreys(WaveBand& band, const GreyLevels& levels, Handover<std::uint32_t>& errors) {
+    MOBREL_BEST(Greys)(band, levels, errors);
 }
 
 }  // namespace mobrel

@@ -87,7 +87,7 @@ class StoredWave {
         const auto isWhite = hn::Ge(value, m_threshold);
         spread(hn::Sub(value, hn::IfThenElseZero(isWhite, hn::Set(d, 255.0F))), nextSlot, overnextSlot);
         m_columns.next();
-        return hn::IfThenElseZero(hn::RebindMask(Pixels(), isWhite), hn::Set(Pixels(), 0x01000000));
+        return hn::IfThenElseZero(hn::RebindMask(Pixels(), isWhite), hn::Set(Pixels(), 0x01FFFFFF));
     }
 
  private:

@@ -8,11 +8,12 @@
 #include <cstring>
 #include <vector>
 
+#include "imaging/WaveTiles.hpp"
 #include "imaging/cDIB.hpp"
 
 namespace mobrel {
 
-/// What a reduced pixel becomes: the colour of its index, and these bytes of what it was.
+/// What a reduced pixel becomes: the four bytes of its index, and these bits of what it was.
 struct Paint {
     std::array<std::uint32_t, 256> colours{};
     std::uint32_t kept = 0;
@@ -23,7 +24,7 @@ struct Paint {
 /// the band before, would be at column t. The steps pass by in blocks that stay in the fastest memory.
 class WaveBand {
  public:
-    static constexpr int kLag = 4;
+    static constexpr int kLag = kTileSide;
     static constexpr int kMostRows = 16;
     static constexpr int kBlock = 64;
     /// Steps behind the last pixel, in which its shares come to the end of their way.
@@ -45,36 +46,34 @@ class WaveBand {
     std::uint8_t* pixel(int row, int x) const {
         return m_pixels + (std::ptrdiff_t{m_first + row} * m_width + x) * 4;
     }
+    /// The indices of row j, one a byte, when all of its pixels are reduced.
+    std::uint8_t* indices(int row) { return m_indices.data() + std::ptrdiff_t{row} * m_width; }
     /// Makes pixel x of row j that of an index.
-    void set(int row, int x, std::uint8_t index) { paint(pixel(row, x), indices(row)[x], index); }
+    void set(int row, int x, std::uint8_t index);
 
-    /// Brings the pixels of kBlock steps from `step` to the block. What is beside the picture is undefined.
+    /// Brings the pixels of kBlock steps from `step`, a multiple of it, to the block. What is beside the
+    /// picture is undefined.
     void load(int step);
-    /// Paints the pixels of these steps by the indices that the block holds in its highest bytes.
+    /// Takes the pixels of these steps from the block, as colours with their indices above.
     void store(int step);
 
     /// Row j of each step of the block, kMostRows to a step.
     std::uint32_t* block() { return m_block.data(); }
 
-    /// The indices of row j, one a byte, when all of its pixels are reduced.
-    std::uint8_t* indices(int row) { return m_indices.data() + std::ptrdiff_t{row} * m_width; }
-
  private:
-    /// The columns of a row that a block holds, and where the first one stands.
-    struct Part {
-        std::uint8_t* pixels;
-        std::uint8_t* indices;
-        std::uint32_t* slot;
-        int count;
+    /// A range of a block's steps.
+    struct Steps {
+        int from;
+        int to;
     };
-    Part part(int row, int step);
-    void paint(std::uint8_t* pixel, std::uint8_t& stored, std::uint8_t index) const {
-        std::uint32_t value = 0;
-        std::memcpy(&value, pixel, 4);
-        value = m_paint.colours[index] | (value & m_paint.kept);
-        std::memcpy(pixel, &value, 4);
-        stored = index;
-    }
+    static int column(int row, int step) { return step - kLag * (row + 1); }
+    std::uint32_t* slot(int row, int step) { return m_block.data() + std::ptrdiff_t{step} * kMostRows + row; }
+    /// The steps in which all of four rows are at whole tiles within the picture.
+    Steps tiled(int row, int step) const;
+    TileRows tilesAt(int row, int step);
+    void loadPlainly(int row, int step, Steps steps);
+    void storePlainly(int row, int step, Steps steps);
+    void setByte3(int row, int step, Steps tiles);
 
     std::uint8_t* m_pixels;
     int m_width;
@@ -82,6 +81,7 @@ class WaveBand {
     int m_first = 0;
     int m_rows = 0;
     const Paint& m_paint;
+    bool m_paintsByte3;
     std::vector<std::uint8_t> m_indices;
     alignas(64) std::array<std::uint32_t, std::size_t{kBlock} * kMostRows> m_block{};
 };

@@ -23,31 +23,13 @@ constexpr std::uint32_t withIndex(std::uint32_t colour, int index) {
     return colour | static_cast<std::uint32_t>(index) << 24;
 }
 
-constexpr std::uint32_t greyColour(int grey) {
-    return static_cast<std::uint32_t>(grey) * 0x010101U;
-}
-
-/// The even greys of a depth of 8, 4 or 1 bits.
+/// The levels of a depth; byte 3 of a pixel stays.
 Paint greyPaint(int bits) {
-    const int count = 1 << bits;
+    const GreyLevels levels(bits);
     Paint paint;
-    for (int i = 0; i < count; ++i) {
-        paint.colours[static_cast<std::size_t>(i)] = greyColour(i * 255 / (count - 1));
-    }
+    for (std::uint32_t i = 0; i < 1U << bits; ++i) paint.colours[i] = levels.step * i * 0x010101;
     paint.kept = 0xFF000000;
     return paint;
-}
-
-/// What each grey becomes at such a depth: the nearest level. None lies between two.
-std::array<std::uint32_t, 256> greyTable(int bits, const Paint& paint) {
-    const int most = (1 << bits) - 1;
-    std::array<std::uint32_t, 256> table{};
-    for (int grey = 0; grey < 256; ++grey) {
-        const int index = (grey * most * 2 + 255) / (255 * 2);
-        table[static_cast<std::size_t>(grey)] =
-            withIndex(paint.colours[static_cast<std::size_t>(index)], index);
-    }
-    return table;
 }
 
 Paint colourPaint(const cDIBPal& Pal) {
@@ -96,15 +78,16 @@ void setGreys(std::uint8_t* row, int width) {
 }
 
 /// The pixels become full greys; only their indices are reduced.
-void toGreys(WaveBand& band, const std::array<std::uint32_t, 256>& table) {
+void toGreys(WaveBand& band, const GreyLevels& levels) {
     const auto count = static_cast<std::size_t>(band.width());
     for (int row = 0; row < band.rows(); ++row) {
-        const std::uint8_t* const pixels = band.pixel(row, 0);
+        std::uint8_t* const pixels = band.pixel(row, 0);
         std::uint8_t* const indices = band.indices(row);
-        setGreys(band.pixel(row, 0), band.width());
+        setGreys(pixels, band.width());
         for (std::size_t x = firstBytes(pixels, count, indices); x < count; ++x) indices[x] = pixels[x * 4];
+        if (levels.step == 1) continue;
         for (std::size_t x = 0; x < count; ++x) {
-            indices[x] = static_cast<std::uint8_t>(table[indices[x]] >> 24);
+            indices[x] = static_cast<std::uint8_t>(levels.index(indices[x]));
         }
     }
 }
@@ -177,17 +160,16 @@ void cDIBDither::DitherToGreyPalette(cDIB& DIB, const cDIBPal& Pal, bool Diffuse
     if (DIB.hDIB() == nullptr) return;
     const int width = DIB.Width();
     const int bits = depthOf(Pal.Count());
-    const Paint paint = greyPaint(bits);
-    const auto table = greyTable(bits, paint);
+    const GreyLevels levels(bits);
     std::uint8_t* map = InitializePalID(width, DIB.Height(), bits);
     PixelDiffusion diffusion(width);
     reduceBands(
-        DIB, paint, bits, map,
+        DIB, greyPaint(bits), bits, map,
         [&](WaveBand& band) {
             if (Diffuse) {
-                diffusion.reduceGreys(band, table.data());
+                diffusion.reduceGreys(band, levels);
             } else {
-                toGreys(band, table);
+                toGreys(band, levels);
             }
         },
         [&](int y) { Progress.raise(y); });
