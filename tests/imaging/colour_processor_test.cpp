@@ -25,34 +25,53 @@ using test::EventLog;
 using test::Picture;
 using test::PictureSize;
 
-/// A palette and the reducers' work by it.
+/// What a reducer does, and its recipe.
 struct Work {
     const char* name;
-    void (cDIBPal::*create)();
-    std::function<void(cDIBDither&, cDIB&, const cDIBPal&)> reduce;
+    std::function<void(cDIBDither&, cDIB&)> reduce;
     std::function<void(Picture&, IndexMap&, EventLog&)> recipe;
 };
 
 Work blackAndWhite(std::int32_t weight) {
     return {
-        "black and white", &cDIBPal::CreateBlackAndWhite,
-        [=](cDIBDither& d, cDIB& s, const cDIBPal&) { d.DitherToBlackAndWhite(s, weight); },
+        "black and white", [=](cDIBDither& d, cDIB& s) { d.DitherToBlackAndWhite(s, weight); },
         [=](Picture& p, IndexMap& m, EventLog& log) { recipes::ditherToBlackAndWhite(p, m, weight, log); }};
 }
 
 Work greys(const char* name, void (cDIBPal::*create)(), recipes::Palette (*recipe)(), bool diffuse) {
-    return {name, create,
-            [=](cDIBDither& d, cDIB& s, const cDIBPal& pal) { d.DitherToGreyPalette(s, pal, diffuse); },
+    return {name,
+            [=](cDIBDither& d, cDIB& s) {
+                cDIBPal palette;
+                (palette.*create)();
+                d.DitherToGreyPalette(s, palette, diffuse);
+            },
             [=](Picture& p, IndexMap& m, EventLog& log) {
                 recipes::ditherToGreyPalette(p, m, recipe(), diffuse, log);
             }};
 }
 
 Work colours(const char* name, void (cDIBPal::*create)(), recipes::Palette (*recipe)()) {
-    return {name, create,
-            [=](cDIBDither& d, cDIB& s, const cDIBPal& pal) { d.DitherToColorPalette(s, pal, true); },
+    return {name,
+            [=](cDIBDither& d, cDIB& s) {
+                cDIBPal palette;
+                (palette.*create)();
+                d.DitherToColorPalette(s, palette, true);
+            },
             [=](Picture& p, IndexMap& m, EventLog& log) {
                 recipes::ditherToColorPalette(p, m, recipe(), true, log);
+            }};
+}
+
+/// By samples of the picture itself, whose byte 3 goes to the palette and back.
+Work sampledColours() {
+    return {"sampled colours",
+            [](cDIBDither& d, cDIB& s) {
+                cDIBPal palette;
+                palette.CreateFastOptimal_016(s);
+                d.DitherToColorPalette(s, palette, true);
+            },
+            [](Picture& p, IndexMap& m, EventLog& log) {
+                recipes::ditherToColorPalette(p, m, recipes::createFastOptimal016(p), true, log);
             }};
 }
 
@@ -70,15 +89,13 @@ void expectAlike(const Work& work, const Picture& picture) {
     IndexMap map;
     EventLog expectedLog;
     work.recipe(expected, map, expectedLog);
-    cDIBPal palette;
-    (palette.*work.create)();
     test::forEachTarget([&] {
         cDIB surface;
         toSurface(picture, surface);
         cDIBDither dither;
         EventLog log;
         log.attach(dither);
-        work.reduce(dither, surface, palette);
+        work.reduce(dither, surface);
         ASSERT_EQ(firstDifference(expected, test::fromSurface(surface)), "");
         ASSERT_EQ(std::vector(dither.PalID().begin(), dither.PalID().end()), map.bytes);
         ASSERT_EQ(log, expectedLog);
@@ -94,6 +111,7 @@ TEST(ReducerProcessors, AllGiveTheSameBytes) {
         greys("256 greys", &cDIBPal::CreateGreys_256, recipes::createGreys256, false),
         colours("16 colours", &cDIBPal::CreateEGA, recipes::createEGA),
         colours("256 colours", &cDIBPal::CreateWebsafe, recipes::createWebsafe),
+        sampledColours(),
     };
     for (const PictureSize& size : sizes()) {
         for (const auto& [name, picture] : test::sweepPictures(size)) {
