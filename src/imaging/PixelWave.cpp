@@ -19,11 +19,11 @@ namespace HWY_NAMESPACE {
 
 #if HWY_TARGET == HWY_SCALAR  // one lane is no vector
 
-int Rows() {
+int WaveRows() {
     return 0;
 }
-void Colours(WaveBand&, const std::uint32_t*, Handover<std::uint32_t>&) {}
-void Greys(WaveBand&, const GreyLevels&, Handover<std::uint32_t>&) {}
+void WaveColours(WaveBand&, const std::uint32_t*, Handover<std::uint32_t>&) {}
+void WaveGreys(WaveBand&, const GreyLevels&, Handover<std::uint32_t>&) {}
 
 #else
 
@@ -32,7 +32,7 @@ using SignedBytes = hn::RebindToSigned<Bytes>;
 using ByteVector = hn::Vec<Bytes>;
 using ShareVector = hn::Vec<SignedBytes>;
 
-int Rows() {
+int WaveRows() {
     return static_cast<int>(hn::Lanes(Pixels()));
 }
 
@@ -221,11 +221,11 @@ class PixelWave {
     Delay<SignedBytes, WaveBand::kLag> m_oneLater;
 };
 
-void Colours(WaveBand& band, const std::uint32_t* table, Handover<std::uint32_t>& errors) {
+void WaveColours(WaveBand& band, const std::uint32_t* table, Handover<std::uint32_t>& errors) {
     goThrough(band, PixelWave<ColourReduction>(band, {table}), errors);
 }
 
-void Greys(WaveBand& band, const GreyLevels& levels, Handover<std::uint32_t>& errors) {
+void WaveGreys(WaveBand& band, const GreyLevels& levels, Handover<std::uint32_t>& errors) {
     goThrough(band, PixelWave<GreyReduction>(band, {levels}), errors);
 }
 
@@ -239,20 +239,20 @@ HWY_AFTER_NAMESPACE();
 
 namespace mobrel {
 
-MOBREL_VECTORS(Rows);
-MOBREL_VECTORS(Colours);
-MOBREL_VECTORS(Greys);
+MOBREL_VECTORS(WaveRows);
+MOBREL_VECTORS(WaveColours);
+MOBREL_VECTORS(WaveGreys);
 
 int waveRows() {
-    return MOBREL_BEST(Rows)();
+    return MOBREL_BEST(WaveRows)();
 }
 
 void diffuseColours(WaveBand& band, const std::uint32_t* table, Handover<std::uint32_t>& errors) {
-    MOBREL_BEST(Colours)(band, table, errors);
+    MOBREL_BEST(WaveColours)(band, table, errors);
 }
 
 void diffuseGreys(WaveBand& band, const GreyLevels& levels, Handover<std::uint32_t>& errors) {
-    MOBREL_BEST(Greys)(band, levels, errors);
+    MOBREL_BEST(WaveGreys)(band, levels, errors);
 }
 
 }  // namespace mobrel

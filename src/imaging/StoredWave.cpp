@@ -17,7 +17,7 @@ namespace HWY_NAMESPACE {
 
 #if HWY_TARGET == HWY_SCALAR  // one lane is no vector
 
-void Stored(WaveBand&, const StoredRule&, Handover<float>&) {}
+void WaveStored(WaveBand&, const StoredRule&, Handover<float>&) {}
 
 #else
 
@@ -41,8 +41,8 @@ HWY_INLINE FloatVector share(FloatVector error) {
     return hn::Trunc(hn::Mul(error, hn::Set(Floats(), kWeight * kFortySecond)));
 }
 
-/// The shares that one row's errors give to another: of a pixel `a` to the column two to the left, `b` one
-/// to the left, `c` to its own column and again `b` and `a` to those on the right.
+/// The shares that one row's errors give to another: of a pixel `a` to the column two to its left, `b` to the
+/// one beside it, `c` to its own, and again `b` and `a` to those on its right.
 class Spread {
  public:
     HWY_INLINE Spread() : m_besideLeft(hn::Zero(Floats())), m_own(m_besideLeft), m_farBefore(m_besideLeft) {}
@@ -64,7 +64,8 @@ class Spread {
     Delay<Floats, 3> m_fromLeft;
 };
 
-/// All shares are whole numbers, so the order of their sums does not count.
+/// Collects the shares that come to each pixel. All are whole numbers, so the order of their sums does not
+/// count.
 class StoredWave {
  public:
     HWY_INLINE StoredWave(const WaveBand& band, const StoredRule& rule)
@@ -97,7 +98,7 @@ class StoredWave {
             hn::IfThenElse(m_columns.areInside(), plainGreys(pixels), hn::Set(Pixels(), 10000));
         return hn::ConvertTo(Floats(), hn::BitCast(Integers(), within));
     }
-    /// No quotient is rounded to a whole number that it does not reach: the dividend has 12 bits.
+    /// Division rounds no quotient up to a whole number, since the dividend is below 2^12.
     HWY_INLINE FloatVector valueOf(FloatVector grey, FloatVector stored) const {
         const Floats d;
         const FloatVector taken = hn::Trunc(hn::Div(hn::Mul(stored, hn::Set(d, 10.0F)), m_weight));
@@ -135,7 +136,7 @@ class StoredWave {
     Delay<Floats, WaveBand::kLag - 3> m_stepLater;
 };
 
-void Stored(WaveBand& band, const StoredRule& rule, Handover<float>& errors) {
+void WaveStored(WaveBand& band, const StoredRule& rule, Handover<float>& errors) {
     goThrough(band, StoredWave(band, rule), errors);
 }
 
@@ -149,10 +150,10 @@ HWY_AFTER_NAMESPACE();
 
 namespace mobrel {
 
-MOBREL_VECTORS(Stored);
+MOBREL_VECTORS(WaveStored);
 
 void diffuseStored(WaveBand& band, const StoredRule& rule, Handover<float>& errors) {
-    MOBREL_BEST(Stored)(band, rule, errors);
+    MOBREL_BEST(WaveStored)(band, rule, errors);
 }
 
 }  // namespace mobrel

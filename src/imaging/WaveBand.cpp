@@ -11,7 +11,8 @@ WaveBand::WaveBand(cDIB& DIB, const Paint& paint)
       m_height(DIB.Height()),
       m_paint(paint),
       m_paintsByte3(std::ranges::any_of(paint.colours, [](std::uint32_t c) { return c >> 24 != 0; })),
-      m_indices(static_cast<std::size_t>(m_width) * kMostRows) {}
+      m_indices(static_cast<std::size_t>(m_width) * static_cast<std::size_t>(std::min(kMostRows, m_height))) {
+}
 
 void WaveBand::select(int y, int most) {
     m_first = y;
