@@ -16,6 +16,7 @@
 #include "filters/kernels/rank.hpp"
 #include "filters/kernels/select.hpp"
 #include "filters/kernels/texture.hpp"
+#include "imaging/GreyVectors.hpp"
 #include "platform/Numbers.hpp"
 
 namespace mobrel {
@@ -33,6 +34,11 @@ kernels::ByteTable byteTable(Rule rule) {
     kernels::ByteTable table{};
     for (int i = 0; i < 256; ++i) table[static_cast<std::size_t>(i)] = rule(i);
     return table;
+}
+
+/// The sum of the plain greys (R + G + B) div 3 of a row; wraps at 32 bits.
+std::int32_t plainGreySum(const std::uint8_t* row, int width) {
+    return static_cast<std::int32_t>(sumOfPlainGreys(row, static_cast<std::size_t>(width)));
 }
 
 kernels::ByteTable shiftTable(std::int32_t increment) {
@@ -102,8 +108,7 @@ void cDIBFilter::Contrast(cDIB& DIB, std::int32_t Level) {
     const int height = frame.height();
 
     std::int32_t sum = 0;
-    frame.sharedPass(0.5F, 0, height,
-                     [&](int y) { sum = wrapAdd(sum, kernels::plainGreySum(frame.row(y), width)); });
+    frame.sharedPass(0.5F, 0, height, [&](int y) { sum = wrapAdd(sum, plainGreySum(frame.row(y), width)); });
     const std::int32_t mean = div(sum, width * height);
 
     const kernels::ContrastTable table(factor(wrapAdd(Level, 100)), mean);

@@ -7,6 +7,7 @@
 #include <hwy/foreach_target.h>  // IWYU pragma: keep
 #include <hwy/highway.h>
 
+#include "imaging/WeightedGrey.hpp"
 #include "platform/Processor.hpp"
 
 #include "imaging/GreyLanes.hpp"
@@ -39,6 +40,7 @@ std::size_t WithoutTies(std::uint8_t* row, std::size_t count) {
     const std::size_t step = hn::Lanes(d);
     std::size_t done = 0;
     for (; done + step <= count; done += step) {
+        loadAhead(row + done * 4);
         const PixelVector pixels = load(row + done * 4);
         const WeightedGreys weighted(pixels);
         if (HWY_UNLIKELY(!hn::AllFalse(d, weighted.isTie))) break;
@@ -55,6 +57,7 @@ std::size_t AddPlain(const std::uint8_t* row, std::size_t count, std::int64_t& s
     auto total = hn::Zero(sums);
     std::size_t done = 0;
     for (; done + step <= count; done += step) {
+        loadAhead(row + done * 4);
         const PixelVector greys = plainGreys(load(row + done * 4));
         total = hn::Add(total, hn::SumsOf8(hn::BitCast(hn::Repartition<std::uint8_t, Pixels>(), greys)));
     }
@@ -90,8 +93,11 @@ std::size_t greysWithoutTies(std::uint8_t* row, std::size_t count) {
     return MOBREL_BEST(WithoutTies)(row, count);
 }
 
-std::size_t addPlainGreys(const std::uint8_t* row, std::size_t count, std::int64_t& sum) {
-    return MOBREL_BEST(AddPlain)(row, count, sum);
+std::int64_t sumOfPlainGreys(const std::uint8_t* row, std::size_t count) {
+    std::int64_t sum = 0;
+    for (std::size_t x = MOBREL_BEST(AddPlain)(row, count, sum); x < count; ++x)
+        sum += plainGrey(row + x * 4);
+    return sum;
 }
 
 std::size_t firstBytes(const std::uint8_t* row, std::size_t count, std::uint8_t* bytes) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Rows of greys in vectors. Each works from the first pixel and tells how far it came.
+// Rows of greys in vectors. What writes works from the first pixel and tells how far it came.
 #pragma once
 
 #include <cstddef>
@@ -12,8 +12,8 @@ namespace mobrel {
 /// is left.
 std::size_t greysWithoutTies(std::uint8_t* row, std::size_t count);
 
-/// Adds the plain greys of pixels to `sum`. How many are done; what is left is less than a vector.
-std::size_t addPlainGreys(const std::uint8_t* row, std::size_t count, std::int64_t& sum);
+/// The sum of the plain greys of all `count` pixels.
+std::int64_t sumOfPlainGreys(const std::uint8_t* row, std::size_t count);
 
 /// Takes byte 0 of each pixel. How many are done; what is left is less than a vector.
 std::size_t firstBytes(const std::uint8_t* row, std::size_t count, std::uint8_t* bytes);

@@ -104,11 +104,9 @@ void toColours(WaveBand& band, const std::vector<std::uint32_t>& table) {
 /// The sum of all plain greys, after each row of which `rowDone` is called.
 template <typename RowDone>
 std::int64_t sumOfGreys(const cDIB& DIB, RowDone rowDone) {
-    const auto count = static_cast<std::size_t>(DIB.Width());
     std::int64_t sum = 0;
     for (int y = 0; y < DIB.Height(); ++y) {
-        const std::uint8_t* const row = DIB.hDIB()->row(y);
-        for (std::size_t x = addPlainGreys(row, count, sum); x < count; ++x) sum += plainGrey(row + x * 4);
+        sum += sumOfPlainGreys(DIB.hDIB()->row(y), static_cast<std::size_t>(DIB.Width()));
         rowDone();
     }
     return sum;

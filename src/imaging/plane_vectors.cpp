@@ -43,6 +43,7 @@ std::size_t Unpack(const std::uint8_t* pixels, std::size_t count, const PlaneLin
     const std::size_t step = hn::Lanes(d);
     std::size_t done = 0;
     for (; done + step <= count; done += step) {
+        loadAhead(pixels + done * 4);
         const auto first = hn::BitCast(d, hn::LoadU(bytes, pixels + done * 4));
         const auto second = hn::BitCast(d, hn::LoadU(bytes, pixels + done * 4 + step * 2));
         const WordVector blueGreen = hn::ConcatEven(d, second, first);

@@ -5,6 +5,7 @@
 // for milliseconds whenever a program starts.
 #pragma once
 
+#include <hwy/cache_control.h>
 #include <hwy/highway.h>
 
 #include <cstdint>
@@ -17,6 +18,14 @@ std::int64_t processorTargets();
 
 /// The sets that kernels choose from; all of processorTargets() at first. Update() narrows them for a test.
 hwy::ChosenTarget& chosenTargets();
+
+/// Starts to load what a loop over a picture reaches a page later. The processor alone starts too late, the
+/// more so in a virtual machine: filters then wait for memory half of their time. Past the end it does
+/// nothing.
+inline void loadAhead(const std::uint8_t* at) {
+    constexpr std::uintptr_t kPage = 4096;
+    hwy::Prefetch(reinterpret_cast<const std::uint8_t*>(reinterpret_cast<std::uintptr_t>(at) + kPage));
+}
 
 }  // namespace mobrel
 

@@ -90,6 +90,7 @@ std::size_t Pack(const std::uint8_t* from, std::size_t count, std::uint8_t* to) 
     const std::size_t step = hn::Lanes(d);
     std::size_t done = 0;
     for (; done * 3 + step * 4 <= count * 3; done += step) {
+        loadAhead(from + done * 4);
         const auto pixels = hn::LoadU(Bytes(), from + done * 4);
         const auto packed = hn::BitCast(d, hn::TableLookupBytesOr0(pixels, colours));
         store(d, hn::TableLookupLanes(packed, gathered), to + done * 3);

@@ -57,6 +57,7 @@ std::size_t Noise(std::uint8_t* row, std::size_t count, std::int32_t level, cons
     const std::size_t step = hn::Lanes(d);
     std::size_t done = 0;
     for (; done + step <= count; done += step) {
+        loadAhead(row + done * 4);
         const IntegerVector n = hn::BitCast(d, hn::LoadU(pixel, bits + done));
         const IntegerVector amount = scattered(n, level, hn::Zero(d));
         const IntegerVector colour = hn::Mul(hn::Abs(amount), hn::Set(d, 0x010101));

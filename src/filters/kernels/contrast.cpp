@@ -45,16 +45,6 @@ void resolveClipping(Channels& c) {
 
 }  // namespace
 
-std::int32_t plainGreySum(const std::uint8_t* row, int width) {
-    const auto count = static_cast<std::size_t>(width);
-    const GreySum inVectors = summedGreys(row, count);
-    std::uint32_t sum = inVectors.sum;
-    for (std::size_t x = inVectors.pixels; x < count; ++x) {
-        sum += static_cast<std::uint32_t>(plainGrey(row + x * 4));
-    }
-    return static_cast<std::int32_t>(sum);
-}
-
 /// A factor lies between two steps of 1 / 65536. A line whose factor is a little too large decides the near
 /// ties of a factor that lies a little above a round number, and one whose factor is too small the others.
 ContrastTable::ContrastTable(double f, std::int32_t mean) {

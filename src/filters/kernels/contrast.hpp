@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The two passes of Contrast over rows of width pixels.
+// The second pass of Contrast over rows of width pixels.
 #pragma once
 
 #include <array>
@@ -9,9 +9,6 @@
 #include "filters/kernels/contrast_vectors.hpp"
 
 namespace mobrel::kernels {
-
-/// The sum of the plain greys (R + G + B) div 3 of a row; wraps at 32 bits.
-std::int32_t plainGreySum(const std::uint8_t* row, int width);
 
 /// Stretches channels by f about `mean`: Round(f (c - mean) + mean), which may leave 0 to 255; the excess of
 /// a clipped channel moves in halves to the other two.

@@ -15,9 +15,6 @@ namespace HWY_NAMESPACE {
 
 #if HWY_TARGET == HWY_SCALAR  // one lane is no vector
 
-GreySum Greys(const std::uint8_t*, std::size_t) {
-    return {0, 0};
-}
 void Points(const ContrastLine&, std::int16_t* points) {
     for (int i = 0; i < 256; ++i) points[i] = 0;
 }
@@ -46,25 +43,6 @@ HWY_INLINE void store(PixelVector pixels, std::uint8_t* to) {
 template <int kShift>
 HWY_INLINE PixelVector channel(PixelVector pixels) {
     return hn::And(hn::ShiftRight<kShift>(pixels), hn::Set(Pixels(), 0xFF));
-}
-
-/// n div 3 for n up to 765.
-HWY_INLINE PixelVector third(PixelVector n) {
-    const Words d;
-    return hn::BitCast(Pixels(), hn::MulHigh(hn::BitCast(d, n), hn::Set(d, 21846)));
-}
-
-GreySum Greys(const std::uint8_t* row, std::size_t count) {
-    const Pixels d;
-    const std::size_t step = hn::Lanes(d);
-    PixelVector sum = hn::Zero(d);
-    std::size_t done = 0;
-    for (; done + step <= count; done += step) {
-        const PixelVector pixels = load(row + done * 4);
-        sum = hn::Add(sum,
-                      third(hn::Add(hn::Add(channel<0>(pixels), channel<8>(pixels)), channel<16>(pixels))));
-    }
-    return {done, hn::GetLane(hn::SumOfLanes(d, sum))};
 }
 
 /// A line of 16-bit numbers.
@@ -158,6 +136,8 @@ std::size_t Contrast(std::uint8_t* row, std::size_t count, const ContrastLine& c
     for (; done + 2 * half <= count; done += 2 * half) {
         std::uint8_t* const lowerAt = row + done * 4;
         std::uint8_t* const upperAt = lowerAt + half * 4;
+        loadAhead(lowerAt);
+        loadAhead(upperAt);
         const PixelVector lower = load(lowerAt);
         const PixelVector upper = load(upperAt);
         Channels c{line.at(paired(channel<0>(lower), channel<0>(upper))),
@@ -183,13 +163,8 @@ HWY_AFTER_NAMESPACE();
 
 namespace mobrel::kernels {
 
-MOBREL_VECTORS(Greys);
 MOBREL_VECTORS(Points);
 MOBREL_VECTORS(Contrast);
-
-GreySum summedGreys(const std::uint8_t* row, std::size_t count) {
-    return MOBREL_BEST(Greys)(row, count);
-}
 
 std::array<std::int16_t, 256> pointsOf(const ContrastLine& line) {
     std::array<std::int16_t, 256> points{};

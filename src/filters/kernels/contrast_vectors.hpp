@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The two passes of Contrast in vectors. Each kernel does a row from its first pixel and tells how many
-// pixels it has done; what is left is less than two vectors.
+// The second pass of Contrast in vectors.
 #pragma once
 
 #include <array>
@@ -8,13 +7,6 @@
 #include <cstdint>
 
 namespace mobrel::kernels {
-
-/// The sum of plain greys, which wraps at 32 bits.
-struct GreySum {
-    std::size_t pixels;
-    std::uint32_t sum;
-};
-GreySum summedGreys(const std::uint8_t* row, std::size_t count);
 
 /// The line Round((whole + fraction / 65536) (i - centre)) + centre, with ties to the even sum.
 struct ContrastLine {
@@ -30,7 +22,8 @@ std::array<std::int16_t, 256> pointsOf(const ContrastLine& line);
 /// together are never further out of range than they were at first.
 constexpr std::int32_t kMostContrast = 10'000;
 
-/// contrastRow for the table that the line stands for, of no value beyond kMostContrast.
+/// Does a row from its first pixel and tells how many pixels it has done; what is left is less than two
+/// vectors. For the table that the line stands for, of no value beyond kMostContrast.
 std::size_t contrastedPixels(std::uint8_t* row, std::size_t count, const ContrastLine& line);
 
 }  // namespace mobrel::kernels

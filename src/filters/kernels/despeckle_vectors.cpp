@@ -94,6 +94,7 @@ HWY_INLINE std::size_t moveVectors(D d, std::uint8_t* row, const std::uint8_t* a
                                    std::size_t done, std::size_t count, Rule rule) {
     const std::size_t step = hn::Lanes(d) / 4;
     for (; done + step <= count; done += step) {
+        loadAhead(b + done * 4);
         const auto p = hn::LoadU(d, row + done * 4);
         const auto moved = rule(p, hn::LoadU(d, a + done * 4), hn::LoadU(d, b + done * 4));
         hn::StoreU(withColours(moved, p), d, row + done * 4);

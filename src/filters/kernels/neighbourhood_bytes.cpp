@@ -159,21 +159,28 @@ struct Sharpen {
     }
 };
 
-/// Writes rule(window) to the colours of the inner pixels. The last vector of a row is laid so that it ends
-/// with them: what is written twice comes from the unchanged rows both times. False for a row that is
-/// shorter than a vector.
+/// Writes rule(window) to the colours of the inner pixels. False for a row that is shorter than a vector. The
+/// vectors between the first and the last are stored where no cache line ends inside them; what is written
+/// twice comes from the unchanged rows both times.
 template <typename Rule>
 HWY_INLINE bool forInnerBytes(const Rows3& from, std::uint8_t* to, int width, Rule rule) {
     const Bytes d;
+    constexpr std::size_t kFirst = 4;
     const std::size_t step = hn::Lanes(d);
     const std::size_t end = static_cast<std::size_t>(width - 1) * 4;
-    if (width < 2 || end < 4 + step) return false;
+    if (width < 2 || end < kFirst + step) return false;
     const ByteVector colours = hn::BitCast(d, hn::Set(hn::ScalableTag<std::uint32_t>(), 0x00FFFFFFU));
-    for (std::size_t at = 4;; at = at + 2 * step <= end ? at + step : end - step) {
+    const auto write = [&](std::size_t at) {
+        loadAhead(from.above + at);
         const Window window{from, at};
         hn::StoreU(hn::Or(hn::And(colours, rule(window)), hn::AndNot(colours, window.centre())), d, to + at);
-        if (at + step == end) return true;
+    };
+    write(kFirst);
+    for (std::size_t at = step - reinterpret_cast<std::uintptr_t>(to) % step; at + step <= end; at += step) {
+        write(at);
     }
+    write(end - step);
+    return true;
 }
 
 bool MaximumBytes(const Rows3& from, std::uint8_t* to, int width) {

@@ -13,6 +13,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "platform/Processor.hpp"
+
 HWY_BEFORE_NAMESPACE();
 namespace mobrel::kernels {
 namespace HWY_NAMESPACE {
@@ -84,12 +86,16 @@ HWY_INLINE IntegerVector joined(IntegerVector b, IntegerVector g, IntegerVector 
     return hn::Or(colours, hn::AndNot(hn::Set(Integers(), 0x00FFFFFF), pixels));
 }
 
-/// Calls work(first byte of a vector of pixels) as often as whole vectors are there.
+/// Calls work(first byte of a vector of pixels) as often as whole vectors are there. `fresh` is the row that
+/// comes from memory.
 template <typename Work>
-HWY_INLINE std::size_t forVectors(std::size_t count, const Work& work) {
+HWY_INLINE std::size_t forVectors(const std::uint8_t* fresh, std::size_t count, const Work& work) {
     const std::size_t step = hn::Lanes(Integers());
     std::size_t done = 0;
-    for (; done + step <= count; done += step) work(done * 4);
+    for (; done + step <= count; done += step) {
+        loadAhead(fresh + done * 4);
+        work(done * 4);
+    }
     return done;
 }
 

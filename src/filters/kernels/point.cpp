@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <cstring>
 
 #include "filters/kernels/point_vectors.hpp"
 #include "filters/kernels/rounded_vectors.hpp"
@@ -58,11 +57,9 @@ void shiftChannelsRow(std::uint8_t* row, int width, const std::array<int, 3>& in
 }
 
 void negativeRow(std::uint8_t* row, int width) {
-    for (int x = 0; x < width; ++x, row += 4) {
-        std::uint32_t pixel = 0;
-        std::memcpy(&pixel, row, 4);
-        pixel ^= 0x00FFFFFF;
-        std::memcpy(row, &pixel, 4);
+    const auto count = static_cast<std::size_t>(width);
+    for (std::size_t x = invertedPixels(row, count); x < count; ++x) {
+        for (std::size_t channel = 0; channel < 3; ++channel) row[x * 4 + channel] ^= 0xFF;
     }
 }
 

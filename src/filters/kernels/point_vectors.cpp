@@ -18,6 +18,9 @@ namespace HWY_NAMESPACE {
 std::size_t Shift(std::uint8_t*, std::size_t, std::uint32_t, std::uint32_t) {
     return 0;
 }
+std::size_t Invert(std::uint8_t*, std::size_t) {
+    return 0;
+}
 
 #else
 
@@ -25,24 +28,44 @@ namespace hn = hwy::HWY_NAMESPACE;
 
 using Bytes = hn::ScalableTag<std::uint8_t>;
 using Pixels = hn::RepartitionToWide<hn::RepartitionToWide<Bytes> >;
-using Integers = hn::RebindToSigned<Pixels>;
-using PixelVector = hn::Vec<Pixels>;
 
-HWY_INLINE PixelVector channel(PixelVector pixels, int shift) {
-    return hn::And(hn::ShiftRightSame(pixels, shift), hn::Set(Pixels(), 0xFF));
-}
-
-std::size_t Shift(std::uint8_t* row, std::size_t count, std::uint32_t up, std::uint32_t down) {
-    const Bytes d;
-    const auto increase = hn::BitCast(d, hn::Set(Pixels(), up));
-    const auto decrease = hn::BitCast(d, hn::Set(Pixels(), down));
+/// Calls work(pixels) with whole vectors and puts back what it returns.
+template <typename Work>
+HWY_INLINE std::size_t changeVectors(std::uint8_t* row, std::size_t count, Work work) {
     const std::size_t step = hn::Lanes(Pixels());
     std::size_t done = 0;
     for (; done + step <= count; done += step) {
         std::uint8_t* const at = row + done * 4;
-        hn::StoreU(hn::SaturatedSub(hn::SaturatedAdd(hn::LoadU(d, at), increase), decrease), d, at);
+        loadAhead(at);
+        hn::StoreU(work(hn::LoadU(Bytes(), at)), Bytes(), at);
     }
     return done;
+}
+
+using ByteVector = hn::Vec<Bytes>;
+
+struct ShiftWork {
+    ByteVector up;
+    ByteVector down;
+    HWY_INLINE ByteVector operator()(ByteVector pixels) const {
+        return hn::SaturatedSub(hn::SaturatedAdd(pixels, up), down);
+    }
+};
+
+struct InvertWork {
+    ByteVector colours;
+    HWY_INLINE ByteVector operator()(ByteVector pixels) const { return hn::Xor(pixels, colours); }
+};
+
+HWY_INLINE ByteVector eachPixel(std::uint32_t bytes) {
+    return hn::BitCast(Bytes(), hn::Set(Pixels(), bytes));
+}
+
+std::size_t Shift(std::uint8_t* row, std::size_t count, std::uint32_t up, std::uint32_t down) {
+    return changeVectors(row, count, ShiftWork{eachPixel(up), eachPixel(down)});
+}
+std::size_t Invert(std::uint8_t* row, std::size_t count) {
+    return changeVectors(row, count, InvertWork{eachPixel(0x00FFFFFF)});
 }
 
 #endif
@@ -56,9 +79,14 @@ HWY_AFTER_NAMESPACE();
 namespace mobrel::kernels {
 
 MOBREL_VECTORS(Shift);
+MOBREL_VECTORS(Invert);
 
 std::size_t shiftedPixels(std::uint8_t* row, std::size_t count, std::uint32_t up, std::uint32_t down) {
     return MOBREL_BEST(Shift)(row, count, up, down);
+}
+
+std::size_t invertedPixels(std::uint8_t* row, std::size_t count) {
+    return MOBREL_BEST(Invert)(row, count);
 }
 
 }  // namespace mobrel::kernels

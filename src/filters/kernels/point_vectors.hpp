@@ -11,4 +11,7 @@ namespace mobrel::kernels {
 /// many are done; what is left is less than a vector.
 std::size_t shiftedPixels(std::uint8_t* row, std::size_t count, std::uint32_t up, std::uint32_t down);
 
+/// Inverts the colours of pixels. How many are done; what is left is less than a vector.
+std::size_t invertedPixels(std::uint8_t* row, std::size_t count);
+
 }  // namespace mobrel::kernels

@@ -97,6 +97,7 @@ std::size_t BlocksThatStay(const std::uint8_t* const* rows, std::size_t x, std::
     const auto colours = hn::Set(d, 0x00FFFFFFU);
     std::size_t done = 0;
     for (; done + hn::Lanes(d) <= count; done += hn::Lanes(d)) {
+        loadAhead(rows[3] + (x + done) * 4);
         const ByteVector excess = hn::SaturatedSub(Blocks{rows, x + done}.distances(), limit);
         const auto changes = hn::Ne(hn::And(hn::BitCast(d, excess), colours), hn::Zero(d));
         const std::intptr_t first = hn::FindFirstTrue(d, changes);

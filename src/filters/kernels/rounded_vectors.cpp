@@ -56,7 +56,7 @@ struct ScaleWork {
 };
 
 std::size_t Scale(std::uint8_t* row, std::size_t count, double f) {
-    return forVectors(count, ScaleWork{row, f});
+    return forVectors(row, count, ScaleWork{row, f});
 }
 
 struct SaturationWork {
@@ -78,7 +78,7 @@ struct SaturationWork {
 };
 
 std::size_t Saturation(std::uint8_t* row, std::size_t count, double f) {
-    return forVectors(count, SaturationWork{row, f});
+    return forVectors(row, count, SaturationWork{row, f});
 }
 
 struct EmbossWork {
@@ -102,7 +102,7 @@ struct EmbossWork {
 
 std::size_t Emboss(const std::uint8_t* from, const std::uint8_t* neighbours, std::uint8_t* to,
                    std::size_t count, double f) {
-    return forVectors(count, EmbossWork{from, neighbours, to, f});
+    return forVectors(neighbours, count, EmbossWork{from, neighbours, to, f});
 }
 
 /// Of each byte the larger one.
@@ -162,7 +162,7 @@ struct ReliefWork {
 };
 
 std::size_t Relief(const Rows3& from, std::uint8_t* to, std::size_t count, double k, double inverse) {
-    return forVectors(count, ReliefWork{from, to, k, inverse});
+    return forVectors(from.above, count, ReliefWork{from, to, k, inverse});
 }
 
 struct OutlineWork {
@@ -188,7 +188,7 @@ struct OutlineWork {
 };
 
 std::size_t Outline(const Rows3& from, std::uint8_t* to, std::size_t count, double k, double shift) {
-    return forVectors(count, OutlineWork{from, to, k, shift});
+    return forVectors(from.above, count, OutlineWork{from, to, k, shift});
 }
 
 struct TextureWork {
@@ -212,7 +212,7 @@ struct TextureWork {
 };
 
 std::size_t Texture(std::uint8_t* row, std::size_t count, const std::uint8_t* texture) {
-    return forVectors(count, TextureWork{row, texture});
+    return forVectors(row, count, TextureWork{row, texture});
 }
 
 struct BySumWork {
@@ -228,7 +228,7 @@ struct BySumWork {
 };
 
 std::size_t BySum(std::uint8_t* row, std::size_t count, const std::uint32_t* table) {
-    return forVectors(count, BySumWork{row, table});
+    return forVectors(row, count, BySumWork{row, table});
 }
 
 #endif

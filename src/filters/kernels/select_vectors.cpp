@@ -225,19 +225,19 @@ struct ReplacingByHue : Replacing {
 
 std::size_t ShiftInSphere(std::uint8_t* row, std::size_t count, const ColourSphere& sphere,
                           std::int32_t increment) {
-    return forVectors(count, MoveWork<Shifting>{row, sphere, {increment}});
+    return forVectors(row, count, MoveWork<Shifting>{row, sphere, {increment}});
 }
 
 std::size_t ReplaceBySum(std::uint8_t* row, std::size_t count, const ColourSphere& sphere,
                          const mHSL::Rgb& target, std::int32_t mostDifference) {
     const mHSL::Rgb& centre = sphere.centre();
     const ReplacingBySum choice{{target}, centre.B + centre.G + centre.R, mostDifference};
-    return forVectors(count, MoveWork<ReplacingBySum>{row, sphere, choice});
+    return forVectors(row, count, MoveWork<ReplacingBySum>{row, sphere, choice});
 }
 
 std::size_t ReplaceByHue(std::uint8_t* row, std::size_t count, const ColourSphere& sphere,
                          const mHSL::Rgb& target, const HueSaturationRange& range) {
-    return forVectors(count, MoveWork<ReplacingByHue>{row, sphere, {{target}, range}});
+    return forVectors(row, count, MoveWork<ReplacingByHue>{row, sphere, {{target}, range}});
 }
 
 #endif
