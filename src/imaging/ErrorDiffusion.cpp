@@ -51,14 +51,14 @@ void reducePixels(WaveBand& band, EntryOf entryOf) {
 
 }  // namespace
 
-void PixelDiffusion::reduceColours(WaveBand& band, const std::uint32_t* table) {
-    if (waveRows() > 0) return diffuseColours(band, table, m_errors);
-    reducePixels(band, [table](const std::uint8_t* pixel) { return table[cubePlace(pixel)]; });
+void PixelDiffusion::reduceColours(std::span<WaveBand> bands, const std::uint32_t* table) {
+    if (waveRows() > 0) return diffuseColours(bands, table, m_errors);
+    reducePixels(bands.front(), [table](const std::uint8_t* pixel) { return table[cubePlace(pixel)]; });
 }
 
-void PixelDiffusion::reduceGreys(WaveBand& band, const GreyLevels& levels) {
-    if (waveRows() > 0) return diffuseGreys(band, levels, m_errors);
-    reducePixels(band, [&levels](std::uint8_t* pixel) {
+void PixelDiffusion::reduceGreys(std::span<WaveBand> bands, const GreyLevels& levels) {
+    if (waveRows() > 0) return diffuseGreys(bands, levels, m_errors);
+    reducePixels(bands.front(), [&levels](std::uint8_t* pixel) {
         const std::uint8_t grey = weightedGrey(pixel);
         pixel[0] = pixel[1] = pixel[2] = grey;
         return levels.index(grey) * levels.entry;
@@ -76,9 +76,9 @@ StoredDiffusion::StoredDiffusion(int width, const StoredRule& rule) : m_rule(rul
     }
 }
 
-void StoredDiffusion::reduce(WaveBand& band) {
-    if (waveRows() > 0) return diffuseStored(band, m_rule, m_errors);
-    reduceRow(band);
+void StoredDiffusion::reduce(std::span<WaveBand> bands) {
+    if (waveRows() > 0) return diffuseStored(bands, m_rule, m_errors);
+    reduceRow(bands.front());
     std::rotate(m_lines.begin(), m_lines.begin() + 1, m_lines.end());
     std::ranges::fill(m_lines.back(), 0);
 }

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "imaging/DiffusionWave.hpp"
@@ -20,9 +21,9 @@ class PixelDiffusion {
     explicit PixelDiffusion(int width) : m_errors(width) {}
 
     /// By a table of 4,096 colours, 0x00RRGGBB with their indices above, in the order of a ColourCube.
-    void reduceColours(WaveBand& band, const std::uint32_t* table);
+    void reduceColours(std::span<WaveBand> bands, const std::uint32_t* table);
     /// By weighted greys.
-    void reduceGreys(WaveBand& band, const GreyLevels& levels);
+    void reduceGreys(std::span<WaveBand> bands, const GreyLevels& levels);
 
  private:
     Handover<std::uint32_t> m_errors;
@@ -35,7 +36,7 @@ class StoredDiffusion {
  public:
     StoredDiffusion(int width, const StoredRule& rule);
 
-    void reduce(WaveBand& band);
+    void reduce(std::span<WaveBand> bands);
 
  private:
     static constexpr int kShares = 12;

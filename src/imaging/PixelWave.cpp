@@ -22,8 +22,8 @@ namespace HWY_NAMESPACE {
 int WaveRows() {
     return 0;
 }
-void WaveColours(WaveBand&, const std::uint32_t*, Handover<std::uint32_t>&) {}
-void WaveGreys(WaveBand&, const GreyLevels&, Handover<std::uint32_t>&) {}
+void WaveColours(std::span<WaveBand>, const std::uint32_t*, Handover<std::uint32_t>&) {}
+void WaveGreys(std::span<WaveBand>, const GreyLevels&, Handover<std::uint32_t>&) {}
 
 #else
 
@@ -170,7 +170,7 @@ struct GreyReduction {
 template <class Reduction>
 class PixelWave {
  public:
-    HWY_INLINE PixelWave(const WaveBand& band, Reduction reduction)
+    HWY_INLINE PixelWave(const WaveBand& band, const Reduction& reduction)
         : m_columns(band),
           m_reduction(reduction),
           m_seven(hn::Zero(SignedBytes())),
@@ -221,12 +221,12 @@ class PixelWave {
     Delay<SignedBytes, WaveBand::kLag> m_oneLater;
 };
 
-void WaveColours(WaveBand& band, const std::uint32_t* table, Handover<std::uint32_t>& errors) {
-    goThrough(band, PixelWave<ColourReduction>(band, {table}), errors);
+void WaveColours(std::span<WaveBand> bands, const std::uint32_t* table, Handover<std::uint32_t>& errors) {
+    goThrough<PixelWave<ColourReduction> >(bands, ColourReduction{table}, errors);
 }
 
-void WaveGreys(WaveBand& band, const GreyLevels& levels, Handover<std::uint32_t>& errors) {
-    goThrough(band, PixelWave<GreyReduction>(band, {levels}), errors);
+void WaveGreys(std::span<WaveBand> bands, const GreyLevels& levels, Handover<std::uint32_t>& errors) {
+    goThrough<PixelWave<GreyReduction> >(bands, GreyReduction{levels}, errors);
 }
 
 #endif
@@ -247,12 +247,12 @@ int waveRows() {
     return MOBREL_BEST(WaveRows)();
 }
 
-void diffuseColours(WaveBand& band, const std::uint32_t* table, Handover<std::uint32_t>& errors) {
-    MOBREL_BEST(WaveColours)(band, table, errors);
+void diffuseColours(std::span<WaveBand> bands, const std::uint32_t* table, Handover<std::uint32_t>& errors) {
+    MOBREL_BEST(WaveColours)(bands, table, errors);
 }
 
-void diffuseGreys(WaveBand& band, const GreyLevels& levels, Handover<std::uint32_t>& errors) {
-    MOBREL_BEST(WaveGreys)(band, levels, errors);
+void diffuseGreys(std::span<WaveBand> bands, const GreyLevels& levels, Handover<std::uint32_t>& errors) {
+    MOBREL_BEST(WaveGreys)(bands, levels, errors);
 }
 
 }  // namespace mobrel

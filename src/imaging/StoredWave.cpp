@@ -2,6 +2,8 @@
 // Compiled once for each set of instructions; the processor's best is chosen when it runs.
 #include "imaging/DiffusionWave.hpp"
 
+#include <algorithm>
+
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "imaging/StoredWave.cpp"
 #include <hwy/foreach_target.h>  // IWYU pragma: keep
@@ -17,7 +19,7 @@ namespace HWY_NAMESPACE {
 
 #if HWY_TARGET == HWY_SCALAR  // one lane is no vector
 
-void WaveStored(WaveBand&, const StoredRule&, Handover<float>&) {}
+void WaveStored(std::span<WaveBand>, const StoredRule&, Handover<float>&) {}
 
 #else
 
@@ -136,8 +138,8 @@ class StoredWave {
     Delay<Floats, WaveBand::kLag - 3> m_stepLater;
 };
 
-void WaveStored(WaveBand& band, const StoredRule& rule, Handover<float>& errors) {
-    goThrough(band, StoredWave(band, rule), errors);
+void WaveStored(std::span<WaveBand> bands, const StoredRule& rule, Handover<float>& errors) {
+    goThrough<StoredWave>(bands, rule, errors);
 }
 
 #endif
@@ -152,8 +154,8 @@ namespace mobrel {
 
 MOBREL_VECTORS(WaveStored);
 
-void diffuseStored(WaveBand& band, const StoredRule& rule, Handover<float>& errors) {
-    MOBREL_BEST(WaveStored)(band, rule, errors);
+void diffuseStored(std::span<WaveBand> bands, const StoredRule& rule, Handover<float>& errors) {
+    MOBREL_BEST(WaveStored)(bands, rule, errors);
 }
 
 }  // namespace mobrel

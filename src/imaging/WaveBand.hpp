@@ -21,12 +21,14 @@ struct Paint {
 
 /// Error diffusion goes through a picture in waves: at step t the band's row j, of memory rows from the
 /// bottom, is at column t - kLag (j + 1), where all errors that concern it are known. Row -1, the last one of
-/// the band before, would be at column t. The steps pass by in blocks that stay in the fastest memory.
+/// the band before, would be at column t. The steps pass by in blocks that stay in the fastest memory; the
+/// last block may go on beyond the last step.
 class WaveBand {
  public:
     static constexpr int kLag = kTileSide;
     static constexpr int kMostRows = 16;
-    static constexpr int kBlock = 64;
+    /// A band that follows so many steps behind another finds what it hands over.
+    static constexpr int kBlock = kLag * kMostRows;
     /// Steps behind the last pixel, in which its shares come to the end of their way.
     static constexpr int kTail = 2;
 
@@ -39,8 +41,8 @@ class WaveBand {
     int height() const { return m_height; }
     int firstRow() const { return m_first; }
     int rows() const { return m_rows; }
-    /// How many steps lead through the band.
-    int steps() const { return m_width + kLag * m_rows + kTail; }
+    /// How many blocks lead through the band.
+    int blocks() const { return (m_width + kLag * m_rows + kTail + kBlock - 1) / kBlock; }
 
     /// Pixel x of row j, which may be the one after the band if the picture has it.
     std::uint8_t* pixel(int row, int x) const {

@@ -9,8 +9,8 @@
 
 #include <hwy/highway.h>
 
-#include <algorithm>
 #include <cstdint>
+#include <span>
 
 #include "imaging/DiffusionWave.hpp"
 #include "imaging/GreyLanes.hpp"
@@ -84,20 +84,64 @@ class NextRow {
     hn::Mask<D> m_first;
 };
 
-/// Goes through a band, block by block; the wave turns pixels to their indices in the highest bytes.
+/// Takes a wave, which turns pixels to colours with their indices above, through a block from `step`.
 template <class Wave, typename Value>
-HWY_INLINE void goThrough(WaveBand& band, Wave wave, Handover<Value>& errors) {
-    const Pixels d;
-    for (int first = 0; first < band.steps(); first += WaveBand::kBlock) {
-        band.load(first);
-        std::uint32_t* at = band.block();
-        const int end = std::min(first + WaveBand::kBlock, band.steps());
-        for (int step = first; step < end; ++step, at += WaveBand::kMostRows) {
-            hn::Store(wave.step(hn::Load(d, at), errors.first.data() + step, errors.second.data() + step), d,
-                      at);
-        }
-        band.store(first);
+class Passage {
+ public:
+    HWY_INLINE Passage(Wave& wave, WaveBand& band, int step, Handover<Value>& errors)
+        : m_wave(wave),
+          m_at(band.block()),
+          m_first(errors.first.data() + step),
+          m_second(errors.second.data() + step) {}
+
+    HWY_INLINE void next() {
+        hn::Store(m_wave.step(hn::Load(Pixels(), m_at), m_first++, m_second++), Pixels(), m_at);
+        m_at += WaveBand::kMostRows;
     }
+
+ private:
+    Wave& m_wave;
+    std::uint32_t* m_at;
+    Value* m_first;
+    Value* m_second;
+};
+
+template <class Wave, typename Value>
+HWY_INLINE void passAlone(Wave& wave, WaveBand& band, int step, Handover<Value>& errors) {
+    band.load(step);
+    Passage<Wave, Value> passage(wave, band, step, errors);
+    for (int k = 0; k < WaveBand::kBlock; ++k) passage.next();
+    band.store(step);
+}
+
+/// Goes through one or two bands. The second one follows a block behind the first, which it waits for no
+/// longer: while the one's step goes its way through the processor, the other's does too.
+template <class Wave, class Rule, typename Value>
+HWY_INLINE void goThrough(std::span<WaveBand> bands, const Rule& rule, Handover<Value>& errors) {
+    constexpr int kBlock = WaveBand::kBlock;
+    WaveBand& leading = bands.front();
+    WaveBand& trailing = bands.back();
+    Wave first(leading, rule);
+    Wave second(trailing, rule);
+    const int blocks = leading.blocks();
+    passAlone(first, leading, 0, errors);
+    for (int step = kBlock; step < blocks * kBlock; step += kBlock) {
+        if (bands.size() == 1) {
+            passAlone(first, leading, step, errors);
+            continue;
+        }
+        leading.load(step);
+        trailing.load(step - kBlock);
+        Passage<Wave, Value> ahead(first, leading, step, errors);
+        Passage<Wave, Value> behind(second, trailing, step - kBlock, errors);
+        for (int k = 0; k < kBlock; ++k) {
+            ahead.next();
+            behind.next();
+        }
+        leading.store(step);
+        trailing.store(step - kBlock);
+    }
+    if (bands.size() > 1) passAlone(second, trailing, (blocks - 1) * kBlock, errors);
 }
 
 }  // namespace HWY_NAMESPACE

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <span>
 
 #include "imaging/ErrorDiffusion.hpp"
 #include "imaging/GreyVectors.hpp"
@@ -112,18 +113,23 @@ std::int64_t sumOfGreys(const cDIB& DIB, RowDone rowDone) {
     return sum;
 }
 
-/// Reduces a picture band by band, which reduce(band) does, and packs the indices row by row.
+/// Reduces a picture by one or two bands at a time, which reduce(bands) does, and packs the indices row by
+/// row.
 template <typename Reduce, typename RowDone>
 void reduceBands(cDIB& DIB, const Paint& paint, int bits, std::uint8_t* map, Reduce reduce, RowDone rowDone) {
     const int rows = std::max(waveRows(), 1);
     const int width = DIB.Width();
-    WaveBand band(DIB, paint);
-    for (int y = 0; y < DIB.Height(); y += band.rows()) {
-        band.select(y, rows);
-        reduce(band);
-        for (int row = 0; row < band.rows(); ++row, map += packedStride(width, bits)) {
-            packIndices(band.indices(row), width, bits, map);
-            rowDone(y + row);
+    std::array<WaveBand, 2> bands = {WaveBand(DIB, paint), WaveBand(DIB, paint)};
+    for (int y = 0; y < DIB.Height();) {
+        bands[0].select(y, rows);
+        bands[1].select(y + bands[0].rows(), waveRows());
+        const std::span<WaveBand> used(bands.data(), bands[1].rows() > 0 ? 2 : 1);
+        reduce(used);
+        for (WaveBand& band : used) {
+            for (int row = 0; row < band.rows(); ++row, ++y, map += packedStride(width, bits)) {
+                packIndices(band.indices(row), width, bits, map);
+                rowDone(y);
+            }
         }
     }
 }
@@ -150,7 +156,8 @@ void cDIBDither::DitherToBlackAndWhite(cDIB& DIB, std::int32_t PalWeight) {
     if (PalWeight == 0) throw RuntimeError(ErrorNumber::DivisionByZero);
     StoredDiffusion diffusion(width, {threshold, PalWeight});
     reduceBands(
-        DIB, greyPaint(1), 1, map, [&](WaveBand& band) { diffusion.reduce(band); }, [&](int) { rowDone(); });
+        DIB, greyPaint(1), 1, map, [&](std::span<WaveBand> bands) { diffusion.reduce(bands); },
+        [&](int) { rowDone(); });
     ProgressEnd.raise();
 }
 
@@ -163,11 +170,11 @@ void cDIBDither::DitherToGreyPalette(cDIB& DIB, const cDIBPal& Pal, bool Diffuse
     PixelDiffusion diffusion(width);
     reduceBands(
         DIB, greyPaint(bits), bits, map,
-        [&](WaveBand& band) {
+        [&](std::span<WaveBand> bands) {
             if (Diffuse) {
-                diffusion.reduceGreys(band, levels);
+                diffusion.reduceGreys(bands, levels);
             } else {
-                toGreys(band, levels);
+                for (WaveBand& band : bands) toGreys(band, levels);
             }
         },
         [&](int y) { Progress.raise(y); });
@@ -184,11 +191,11 @@ void cDIBDither::DitherToColorPalette(cDIB& DIB, const cDIBPal& Pal, bool Diffus
     PixelDiffusion diffusion(width);
     reduceBands(
         DIB, paint, bits, map,
-        [&](WaveBand& band) {
+        [&](std::span<WaveBand> bands) {
             if (Diffuse) {
-                diffusion.reduceColours(band, table.data());
+                diffusion.reduceColours(bands, table.data());
             } else {
-                toColours(band, table);
+                for (WaveBand& band : bands) toColours(band, table);
             }
         },
         [&](int y) { Progress.raise(y); });
