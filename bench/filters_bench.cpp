@@ -21,7 +21,8 @@
 namespace mobrel::bench {
 namespace {
 
-/// Values for arguments that have no preset, or one that says little of the speed. The colours are frequent ones of the photo.
+/// Values for arguments that have no preset, or one that says little of the speed. The colours are frequent
+/// ones of the photo.
 struct ChosenValue {
     std::string_view operation;
     std::string_view argument;
