@@ -132,15 +132,25 @@ std::string GetPrivateProfileString(std::string_view section, std::string_view k
 
 bool WritePrivateProfileString(std::string_view section, std::string_view key, std::string_view value,
                                const std::string& path) {
+    const ProfileValue one{section, key, std::string(value)};
+    return WritePrivateProfileStrings({&one, 1}, path);
+}
+
+bool WritePrivateProfileStrings(std::span<const ProfileValue> values, const std::string& path) {
     const auto target = isFileName(path) ? withoutLinks(path) : std::nullopt;
     if (!target) return false;
     const Contents old = readProfile(*target);
     if (old.state == FileState::Unusable) return false;
-    const auto bytes = profileWithValue(old.bytes, section, key, value);
-    if (!bytes) return false;
-    if (*bytes == old.bytes) return true;
-    if (old.state == FileState::Absent) return createProfile(*target, *bytes);
-    return replaceProfile(*target, *bytes, old.status);
+    std::string bytes = old.bytes;
+    bool takesAll = true;
+    for (const ProfileValue& value : values) {
+        auto changed = profileWithValue(bytes, value.section, value.key, value.value);
+        takesAll = takesAll && changed.has_value();
+        if (changed) bytes = *std::move(changed);
+    }
+    if (bytes == old.bytes) return takesAll;
+    if (old.state == FileState::Absent) return createProfile(*target, bytes) && takesAll;
+    return replaceProfile(*target, bytes, old.status) && takesAll;
 }
 
 }  // namespace mobrel

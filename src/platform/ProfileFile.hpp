@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -34,5 +35,15 @@ std::string GetPrivateProfileString(std::string_view section, std::string_view k
 /// its first character, text that the file's encoding cannot hold.
 bool WritePrivateProfileString(std::string_view section, std::string_view key, std::string_view value,
                                const std::string& path);
+
+struct ProfileValue {
+    std::string_view section;
+    std::string_view key;
+    std::string value;
+};
+
+/// The same for several values in turn, with one reading and one writing of the file. A value that cannot
+/// stand in it is left out, and the result is false.
+bool WritePrivateProfileStrings(std::span<const ProfileValue> values, const std::string& path);
 
 }  // namespace mobrel

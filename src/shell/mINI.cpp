@@ -3,7 +3,6 @@
 
 #include <algorithm>
 
-#include "platform/ProfileFile.hpp"
 #include "shell/mMisc.hpp"
 
 namespace mobrel {
@@ -18,6 +17,10 @@ std::string pathOf(std::string_view file) {
 
 void INIWrite(std::string_view file, std::string_view section, std::string_view key, std::string_view value) {
     WritePrivateProfileString(section, key, value, pathOf(file));
+}
+
+void INIWrite(std::string_view file, std::span<const ProfileValue> values) {
+    WritePrivateProfileStrings(values, pathOf(file));
 }
 
 std::string INIRead(std::string_view file, std::string_view section, std::string_view key,

@@ -2,13 +2,19 @@
 // Single values of the two text files in the program's folder.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
+
+#include "platform/ProfileFile.hpp"
 
 namespace mobrel {
 
 /// Writes one value of a file in the program's folder. A file that cannot be written loses the value.
 void INIWrite(std::string_view file, std::string_view section, std::string_view key, std::string_view value);
+
+/// The same for several values at once.
+void INIWrite(std::string_view file, std::span<const ProfileValue> values);
 
 /// Reads one value of a file in the program's folder, at most 259 bytes of it, without blanks at its
 /// ends; the default when it is not there.

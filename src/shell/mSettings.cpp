@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "shell/mSettings.hpp"
 
+#include <string>
+#include <vector>
+
 #include "platform/NumberText.hpp"
 #include "shell/mINI.hpp"
 
 namespace mobrel {
 
 namespace {
-
-void write(std::string_view section, std::string_view key, std::string_view value) {
-    INIWrite("Mobrel.ini", section, key, value);
-}
 
 std::string wordOf(bool value) {
     return value ? "True" : "False";
@@ -19,17 +18,19 @@ std::string wordOf(bool value) {
 }  // namespace
 
 void SaveMainSettings(const MainSettings& settings) {
+    std::vector<ProfileValue> values;
     if (settings.windowState == WindowState::Normal) {
-        write("Forms", "MainWidth", textOf(settings.place.Width));
-        write("Forms", "MainHeight", textOf(settings.place.Height));
-        write("Forms", "MainTop", textOf(settings.place.Top));
-        write("Forms", "MainLeft", textOf(settings.place.Left));
+        values = {{"Forms", "MainWidth", textOf(settings.place.Width)},
+                  {"Forms", "MainHeight", textOf(settings.place.Height)},
+                  {"Forms", "MainTop", textOf(settings.place.Top)},
+                  {"Forms", "MainLeft", textOf(settings.place.Left)}};
     }
-    write("Forms", "MainWindowState", std::to_string(static_cast<int>(settings.windowState)));
-    write("Folders", "MainLastPath", settings.LastPath);
-    write("Options", "MainDialogPreview", wordOf(settings.DialogPreview));
-    write("Options", "MainDialogFitMode", wordOf(settings.DialogFitMode));
-    write("Options", "MainDialogJPEGquality", std::to_string(settings.DialogJPEGquality));
+    values.push_back({"Forms", "MainWindowState", std::to_string(static_cast<int>(settings.windowState))});
+    values.push_back({"Folders", "MainLastPath", settings.LastPath});
+    values.push_back({"Options", "MainDialogPreview", wordOf(settings.DialogPreview)});
+    values.push_back({"Options", "MainDialogFitMode", wordOf(settings.DialogFitMode)});
+    values.push_back({"Options", "MainDialogJPEGquality", std::to_string(settings.DialogJPEGquality)});
+    INIWrite("Mobrel.ini", values);
 }
 
 }  // namespace mobrel

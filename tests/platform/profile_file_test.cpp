@@ -301,6 +301,16 @@ TEST(WritePrivateProfileString, writesAndLeavesNothingElse) {
     EXPECT_EQ(folder.names(), std::vector<std::string>{"a.ini"});
 }
 
+TEST(WritePrivateProfileStrings, writesWhatCanStandInTheFile) {
+    const TemporaryFolder folder;
+    const std::string path = folder.file("a.ini");
+    const ProfileValue values[] = {{"S", "a", "1"}, {"S", "b", "2\n"}, {"T", "c", "3"}, {"S", "a", "4"}};
+    EXPECT_FALSE(WritePrivateProfileStrings(values, path));
+    EXPECT_EQ(folder.read("a.ini"), "[S]\r\na=4\r\n[T]\r\nc=3\r\n");
+    EXPECT_TRUE(WritePrivateProfileStrings({values, 1}, path));
+    EXPECT_EQ(folder.read("a.ini"), "[S]\r\na=1\r\n[T]\r\nc=3\r\n");
+}
+
 TEST(WritePrivateProfileString, leavesTheFileAloneWhenTheValueIsThere) {
     const TemporaryFolder folder;
     const std::string path = folder.write("a.ini", "[S]\n a = 1\n");
