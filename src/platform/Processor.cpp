@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Processor.hpp"
 
-#if HWY_ARCH_X86
-#include <cpuid.h>
+// The C library has asked the processor already, which a virtual machine answers slowly.
+#if HWY_ARCH_X86 && !defined(__clang__) && __has_include(<sys/platform/x86.h>)
+#include <sys/platform/x86.h>
+#define MOBREL_HAS(feature, name) (CPU_FEATURE_ACTIVE(feature) != 0)
+#else
+#define MOBREL_HAS(feature, name) (__builtin_cpu_supports(name) != 0)
 #endif
 
 namespace mobrel {
@@ -11,37 +15,25 @@ namespace {
 
 #if HWY_ARCH_X86
 
-/// Bits that the compiler's own question does not know on every compiler.
-bool hasHalfFloatsAndLeadingZeros() {
-    unsigned a = 0, b = 0, c = 0, d = 0;
-    constexpr unsigned kHalfFloats = 1U << 29;
-    constexpr unsigned kLeadingZeros = 1U << 5;
-    if (__get_cpuid(1, &a, &b, &c, &d) == 0 || (c & kHalfFloats) == 0) return false;
-    return __get_cpuid(0x80000001, &a, &b, &c, &d) != 0 && (c & kLeadingZeros) != 0;
-}
-
-// Each set holds the ones before it.
+// Each set holds the ones before it. Half floats, which AVX2 comes with, are in no kernel.
 bool hasSsse3() {
-    return __builtin_cpu_supports("ssse3") != 0;
+    return MOBREL_HAS(SSSE3, "ssse3");
 }
 bool hasSse4() {
-    return hasSsse3() && __builtin_cpu_supports("sse4.1") != 0 && __builtin_cpu_supports("sse4.2") != 0 &&
-           __builtin_cpu_supports("popcnt") != 0 && __builtin_cpu_supports("aes") != 0 &&
-           __builtin_cpu_supports("pclmul") != 0;
+    return hasSsse3() && MOBREL_HAS(SSE4_1, "sse4.1") && MOBREL_HAS(SSE4_2, "sse4.2") &&
+           MOBREL_HAS(POPCNT, "popcnt") && MOBREL_HAS(AES, "aes") && MOBREL_HAS(PCLMULQDQ, "pclmul");
 }
 bool hasAvx2() {
-    return hasSse4() && __builtin_cpu_supports("avx2") != 0 && __builtin_cpu_supports("fma") != 0 &&
-           __builtin_cpu_supports("bmi") != 0 && __builtin_cpu_supports("bmi2") != 0 &&
-           hasHalfFloatsAndLeadingZeros();
+    return hasSse4() && MOBREL_HAS(AVX2, "avx2") && MOBREL_HAS(FMA, "fma") && MOBREL_HAS(BMI1, "bmi") &&
+           MOBREL_HAS(BMI2, "bmi2");
 }
 bool hasAvx3() {
-    return hasAvx2() && __builtin_cpu_supports("avx512f") != 0 && __builtin_cpu_supports("avx512vl") != 0 &&
-           __builtin_cpu_supports("avx512dq") != 0 && __builtin_cpu_supports("avx512bw") != 0 &&
-           __builtin_cpu_supports("avx512cd") != 0;
+    return hasAvx2() && MOBREL_HAS(AVX512F, "avx512f") && MOBREL_HAS(AVX512VL, "avx512vl") &&
+           MOBREL_HAS(AVX512DQ, "avx512dq") && MOBREL_HAS(AVX512BW, "avx512bw") &&
+           MOBREL_HAS(AVX512CD, "avx512cd");
 }
 
 std::int64_t detected() {
-    __builtin_cpu_init();
     return (hasSsse3() ? HWY_SSSE3 : 0) | (hasSse4() ? HWY_SSE4 : 0) | (hasAvx2() ? HWY_AVX2 : 0) |
            (hasAvx3() ? HWY_AVX3 : 0);
 }
