@@ -23,12 +23,12 @@
 
 namespace {
 
+using mobrel::bench::Measure;
 using mobrel::bench::PictureOperation;
 using mobrel::bench::Size;
 
 struct Plan {
-    std::vector<Size> sizes;
-    int rounds = 0;
+    Measure measure;
     std::vector<std::string> names;
 };
 
@@ -38,21 +38,15 @@ std::optional<Plan> planOf(int argc, char** argv) {
     Plan plan;
     for (int i = 1; i < argc; ++i) {
         const std::string_view argument = argv[i];
-        if (const auto size = valueOf(argument, kSizeOption)) {
-            const auto found = sizeOf(*size);
-            if (!found) return std::nullopt;
-            plan.sizes.push_back(*found);
-        } else if (const auto rounds = valueOf(argument, kRoundsOption)) {
-            const auto found = positiveNumber(*rounds);
-            if (!found) return std::nullopt;
-            plan.rounds = *found;
+        if (const auto taken = takeArgument(argument, plan.measure)) {
+            if (!*taken) return std::nullopt;
         } else if (argument.starts_with('-')) {
             return std::nullopt;
         } else {
             plan.names.emplace_back(argument);
         }
     }
-    if (plan.sizes.empty()) plan.sizes = {{512, 512}, {1920, 1080}, {4000, 3000}};
+    if (plan.measure.sizes.empty()) plan.measure.sizes = {{512, 512}, {1920, 1080}, {4000, 3000}};
     return plan;
 }
 
@@ -92,7 +86,8 @@ int main(int argc, char** argv) {
     }
     try {
         for (const auto& operation : chosen(allOperations(), plan->names)) {
-            for (const Size& size : plan->sizes) addPictureBench(operation, size, plan->rounds);
+            for (const Size& size : plan->measure.sizes)
+                addPictureBench(operation, size, plan->measure.rounds);
         }
     } catch (const std::exception& error) {
         std::fprintf(stderr, "mobrel-bench: %s\n", error.what());

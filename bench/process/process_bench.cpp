@@ -23,13 +23,13 @@ namespace {
 
 namespace fs = std::filesystem;
 using mobrel::bench::ChildCost;
+using mobrel::bench::Measure;
 using mobrel::bench::runChild;
 using mobrel::bench::ScratchFolder;
 using mobrel::bench::Size;
 
 struct Plan {
-    std::vector<Size> sizes;
-    int rounds = 10;
+    Measure measure{{}, 10};
     /// Where runs with a display go; none are made without. They leave their picture on its clipboard.
     std::string display;
 };
@@ -39,21 +39,15 @@ std::optional<Plan> planOf(int argc, char** argv) {
     Plan plan;
     for (int i = 1; i < argc; ++i) {
         const std::string_view argument = argv[i];
-        if (const auto size = valueOf(argument, kSizeOption)) {
-            const auto found = sizeOf(*size);
-            if (!found) return std::nullopt;
-            plan.sizes.push_back(*found);
-        } else if (const auto rounds = valueOf(argument, kRoundsOption)) {
-            const auto found = positiveNumber(*rounds);
-            if (!found) return std::nullopt;
-            plan.rounds = *found;
+        if (const auto taken = takeArgument(argument, plan.measure)) {
+            if (!*taken) return std::nullopt;
         } else if (const auto display = valueOf(argument, "--display=")) {
             plan.display = *display;
         } else {
             return std::nullopt;
         }
     }
-    if (plan.sizes.empty()) plan.sizes = {{640, 480}, {4000, 3000}};
+    if (plan.measure.sizes.empty()) plan.measure.sizes = {{640, 480}, {4000, 3000}};
     return plan;
 }
 
@@ -110,7 +104,7 @@ void measure(const Size& size, const Plan& plan, const fs::path& programs) {
         throw std::runtime_error("cannot make a picture of " + size.toString());
     }
     auto all = contestants(programs, (folder.path() / "temp.bmp").string(), plan.display);
-    for (int round = 0; round < plan.rounds; ++round) {
+    for (int round = 0; round < plan.measure.rounds; ++round) {
         for (Contestant& contestant : all) contestant.measureRound(folder.path(), picture);
     }
     for (const Contestant& contestant : all) {
@@ -131,7 +125,7 @@ int main(int argc, char** argv) {
     try {
         const fs::path programs = fs::read_symlink("/proc/self/exe").parent_path();
         std::printf("%-24s %12s %10s %10s %10s\n", "program", "size", "wall ms", "cpu ms", "peak MiB");
-        for (const Size& size : plan->sizes) measure(size, *plan, programs);
+        for (const Size& size : plan->measure.sizes) measure(size, *plan, programs);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "mobrel-bench-process: %s\n", error.what());
         return 1;

@@ -4,21 +4,26 @@
 
 #include <optional>
 #include <string_view>
+#include <vector>
 
 #include "support/Size.hpp"
 
 namespace mobrel::bench {
 
-inline constexpr std::string_view kSizeOption = "--size=";
-inline constexpr std::string_view kRoundsOption = "--rounds=";
+/// What is measured, and how often; 0 rounds stand for as many as the program thinks right.
+struct Measure {
+    std::vector<Size> sizes;
+    int rounds = 0;
+};
 
 /// What follows `option`, which ends with '='; nothing for another argument.
 std::optional<std::string_view> valueOf(std::string_view argument, std::string_view option);
 
-/// A number from 1 up in decimal digits, or nothing.
-std::optional<int> positiveNumber(std::string_view text);
-
 /// A size as 640x480, or nothing.
 std::optional<Size> sizeOf(std::string_view text);
+
+/// Takes --size=WxH, which may come several times, and --rounds=N. Nothing for another argument, false for a
+/// value that is none.
+std::optional<bool> takeArgument(std::string_view argument, Measure& measure);
 
 }  // namespace mobrel::bench
