@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "picture_target.hpp"
-#include "platform/PngReader.hpp"
+#include "platform/codecs/PngReader.hpp"
 
 namespace {
 

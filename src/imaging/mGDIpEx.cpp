@@ -5,11 +5,11 @@
 #include <system_error>
 
 #include "imaging/GifReduction.hpp"
-#include "platform/GifWriter.hpp"
-#include "platform/JpegWriter.hpp"
-#include "platform/PngReader.hpp"
-#include "platform/PngWriter.hpp"
 #include "platform/RuntimeError.hpp"
+#include "platform/codecs/GifWriter.hpp"
+#include "platform/codecs/JpegWriter.hpp"
+#include "platform/codecs/PngReader.hpp"
+#include "platform/codecs/PngWriter.hpp"
 
 namespace mobrel {
 

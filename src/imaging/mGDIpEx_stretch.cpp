@@ -2,11 +2,11 @@
 #include <optional>
 #include <utility>
 
-#include "imaging/BicubicGraph.hpp"
 #include "imaging/BicubicPlain.hpp"
 #include "imaging/mGDIpEx.hpp"
 #include "platform/DeviceContext.hpp"
 #include "platform/RuntimeError.hpp"
+#include "platform/codecs/BicubicGraph.hpp"
 
 namespace mobrel {
 

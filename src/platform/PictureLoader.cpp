@@ -11,9 +11,9 @@
 
 #include "platform/BmpReader.hpp"
 #include "platform/Files.hpp"
-#include "platform/GifReader.hpp"
-#include "platform/JpegReader.hpp"
-#include "platform/PngReader.hpp"
+#include "platform/codecs/GifReader.hpp"
+#include "platform/codecs/JpegReader.hpp"
+#include "platform/codecs/PngReader.hpp"
 
 namespace mobrel {
 

@@ -9,9 +9,9 @@
 #include <limits>
 #include <vector>
 
-#include "imaging/BicubicGraph.hpp"
 #include "imaging/BicubicPlain.hpp"
 #include "imaging/mGDIpEx.hpp"
+#include "platform/codecs/BicubicGraph.hpp"
 #include "support/MemoryLimit.hpp"
 #include "support/TestPictures.hpp"
 

@@ -5,9 +5,9 @@
 #include <memory>
 #include <numeric>
 
-#include "platform/GifReader.hpp"
-#include "platform/GifWriter.hpp"
 #include "platform/PictureLoader.hpp"
+#include "platform/codecs/GifReader.hpp"
+#include "platform/codecs/GifWriter.hpp"
 #include "support/MemoryLimit.hpp"
 #include "support/PictureFiles.hpp"
 

@@ -7,8 +7,8 @@
 
 #include <jpeglib.h>
 
-#include "platform/JpegReader.hpp"
-#include "platform/JpegWriter.hpp"
+#include "platform/codecs/JpegReader.hpp"
+#include "platform/codecs/JpegWriter.hpp"
 #include "support/MemoryLimit.hpp"
 #include "support/PictureFiles.hpp"
 

@@ -2,8 +2,8 @@
 // PNG files: every kind of pixel, interlaced or not, transparency, broken files.
 #include <zlib.h>
 
-#include "platform/PngReader.hpp"
-#include "platform/PngWriter.hpp"
+#include "platform/codecs/PngReader.hpp"
+#include "platform/codecs/PngWriter.hpp"
 #include "support/MemoryLimit.hpp"
 #include "support/PictureFiles.hpp"
 

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "platform/Files.hpp"
-#include "platform/PngWriter.hpp"
+#include "platform/codecs/PngWriter.hpp"
 
 namespace mobrel::clipboard {
 

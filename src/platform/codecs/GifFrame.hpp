@@ -11,8 +11,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/GuardedStreams.hpp"
 #include "platform/StdPicture.hpp"
+#include "platform/codecs/GuardedStreams.hpp"
 
 namespace mobrel {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Reads the first frame of a GIF file through giflib.
-#include "platform/GifFrame.hpp"
+#include "platform/codecs/GifFrame.hpp"
 
 #include <algorithm>
 #include <array>

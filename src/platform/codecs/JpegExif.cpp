@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/JpegExif.hpp"
+#include "platform/codecs/JpegExif.hpp"
 
 #include <algorithm>
 #include <array>

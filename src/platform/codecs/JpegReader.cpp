@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Reads JPEG files through libjpeg.
-#include "platform/JpegReader.hpp"
+#include "platform/codecs/JpegReader.hpp"
 
 #include <algorithm>
 #include <array>
@@ -11,7 +11,7 @@
 #include <string>
 #include <utility>
 
-#include "platform/JpegState.hpp"
+#include "platform/codecs/JpegState.hpp"
 
 namespace mobrel {
 

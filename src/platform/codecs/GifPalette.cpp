@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/GifPalette.hpp"
+#include "platform/codecs/GifPalette.hpp"
 
 #include <algorithm>
 #include <cstddef>

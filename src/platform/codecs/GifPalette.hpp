@@ -5,8 +5,8 @@
 #include <array>
 #include <cstdint>
 
-#include "platform/GifFrame.hpp"
 #include "platform/StdPicture.hpp"
+#include "platform/codecs/GifFrame.hpp"
 
 namespace mobrel {
 

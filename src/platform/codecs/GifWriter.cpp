@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Writes GIF files through giflib.
-#include "platform/GifWriter.hpp"
+#include "platform/codecs/GifWriter.hpp"
 
 #include <gif_lib.h>
 
@@ -9,7 +9,7 @@
 #include <new>
 #include <vector>
 
-#include "platform/GuardedStreams.hpp"
+#include "platform/codecs/GuardedStreams.hpp"
 
 namespace mobrel {
 

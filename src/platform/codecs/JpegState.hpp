@@ -10,7 +10,7 @@
 
 #include <jpeglib.h>
 
-#include "platform/GuardedStreams.hpp"
+#include "platform/codecs/GuardedStreams.hpp"
 
 namespace mobrel {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Reads PNG files through libpng.
-#include "platform/PngReader.hpp"
+#include "platform/codecs/PngReader.hpp"
 
 #include <png.h>
 
@@ -13,7 +13,7 @@
 #include <string>
 #include <utility>
 
-#include "platform/GuardedStreams.hpp"
+#include "platform/codecs/GuardedStreams.hpp"
 
 namespace mobrel {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "platform/JpegState.hpp"
+#include "platform/codecs/JpegState.hpp"
 
 #include <jerror.h>
 
 #include <algorithm>
 #include <cstring>
 
-#include "platform/JpegExif.hpp"
+#include "platform/codecs/JpegExif.hpp"
 
 namespace mobrel {
 

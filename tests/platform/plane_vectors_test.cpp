@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Pixels to planes and back with each set of instructions, over every value there is.
-#include "imaging/plane_vectors.hpp"
+#include "platform/codecs/plane_vectors.hpp"
 
 #include <gtest/gtest.h>
 

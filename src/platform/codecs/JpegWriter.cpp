@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Writes JPEG files through libjpeg.
-#include "platform/JpegWriter.hpp"
+#include "platform/codecs/JpegWriter.hpp"
 
 #include <algorithm>
 #include <array>
@@ -12,7 +12,7 @@
 
 #include <jpeglib.h>
 
-#include "platform/GuardedStreams.hpp"
+#include "platform/codecs/GuardedStreams.hpp"
 
 namespace mobrel {
 

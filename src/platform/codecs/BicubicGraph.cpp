@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "imaging/BicubicGraph.hpp"
+#include "platform/codecs/BicubicGraph.hpp"
 
 #include <zimg.h>
 
@@ -10,8 +10,8 @@
 #include <memory>
 #include <new>
 
-#include "imaging/plane_vectors.hpp"
 #include "platform/Numbers.hpp"
+#include "platform/codecs/plane_vectors.hpp"
 
 namespace mobrel {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Compiled once for each set of instructions; the processor's best is chosen when it runs.
-#include "imaging/plane_vectors.hpp"
+#include "platform/codecs/plane_vectors.hpp"
 
 #undef HWY_TARGET_INCLUDE
-#define HWY_TARGET_INCLUDE "imaging/plane_vectors.cpp"
+#define HWY_TARGET_INCLUDE "platform/codecs/plane_vectors.cpp"
 #include <hwy/foreach_target.h>  // IWYU pragma: keep
 #include <hwy/highway.h>
 

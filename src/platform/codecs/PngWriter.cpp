@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Writes PNG files through libpng.
-#include "platform/PngWriter.hpp"
+#include "platform/codecs/PngWriter.hpp"
 
 #include <png.h>
 
 #include <new>
 
-#include "platform/GuardedStreams.hpp"
+#include "platform/codecs/GuardedStreams.hpp"
 
 namespace mobrel {
 

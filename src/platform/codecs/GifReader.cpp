@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Puts the parts of the reader together.
-#include "platform/GifReader.hpp"
+#include "platform/codecs/GifReader.hpp"
 
 #include <array>
 #include <new>
@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/GifFrame.hpp"
-#include "platform/GifPalette.hpp"
+#include "platform/codecs/GifFrame.hpp"
+#include "platform/codecs/GifPalette.hpp"
 
 namespace mobrel {
 

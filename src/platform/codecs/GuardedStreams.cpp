@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/GuardedStreams.hpp"
+#include "platform/codecs/GuardedStreams.hpp"
 
 #include <algorithm>
 #include <cstring>
