@@ -5,11 +5,8 @@
 #include <system_error>
 
 #include "imaging/GifReduction.hpp"
+#include "platform/Codecs.hpp"
 #include "platform/RuntimeError.hpp"
-#include "platform/codecs/GifWriter.hpp"
-#include "platform/codecs/JpegWriter.hpp"
-#include "platform/codecs/PngReader.hpp"
-#include "platform/codecs/PngWriter.hpp"
 
 namespace mobrel {
 
@@ -17,7 +14,7 @@ namespace {
 
 void writeReduced(FileWriter& file, const cDIB& DIB) {
     const ReducedPicture reduced = reduceForGif(DIB);
-    writeGif(file, {DIB.Width(), DIB.Height(), reduced.colorTable, reduced.indices});
+    codecs().writeGif(file, {DIB.Width(), DIB.Height(), reduced.colorTable, reduced.indices});
 }
 
 }  // namespace
@@ -29,7 +26,7 @@ std::unique_ptr<StdPicture> LoadPictureGDIp(const std::string& FileName) {
     std::unique_ptr<StdPicture> picture;
     skipErrors([&] {
         FileSource file(FileName);
-        picture = std::make_unique<StdPicture>(readPng(file));
+        picture = std::make_unique<StdPicture>(codecs().readPng(file, {}));
     });
     return picture;
 }
@@ -40,9 +37,9 @@ void writePicture(FileWriter& file, const cDIB& DIB, ImageFormat format, int qua
         case ImageFormat::Gif:
             return writeReduced(file, DIB);
         case ImageFormat::Jpeg:
-            return writeJpeg(file, DIB.view(), quality);
+            return codecs().writeJpeg(file, DIB.view(), quality);
         case ImageFormat::Png:
-            return writePng(file, DIB.view());
+            return codecs().writePng(file, DIB.view());
     }
     throw RuntimeError(ErrorNumber::InvalidCall);
 }

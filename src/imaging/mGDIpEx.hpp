@@ -18,7 +18,7 @@ enum class ImageFormat : int { Gif = 0, Jpeg = 1, Png = 2 };
 std::unique_ptr<StdPicture> LoadPictureGDIp(const std::string& FileName);
 
 /// Writes the surface into a file that is open, which is left open. Errors: 5 for an empty surface, an
-/// unknown format, or sides that the format cannot have; those of FileWriter; std::bad_alloc.
+/// unknown format, or sides that the format cannot have; those of FileWriter and codecs(); std::bad_alloc.
 void writePicture(FileWriter& file, const cDIB& DIB, ImageFormat format, int quality);
 
 /// Deletes the file and writes the surface to that name, in true colour whatever the document's depth; for
@@ -28,7 +28,7 @@ bool SaveDIB(const cDIB& DIB, const std::string& FileName, ImageFormat Format, i
 
 /// Gives the surface another size: by high-quality bicubic, or each pixel from its nearest. False when
 /// the surface is empty, the size is none that a surface can have or memory is short, and then it stays
-/// as it was.
+/// as it was. Bicubic throws as codecs() does.
 bool StretchDIB(cDIB& DIB, int NewWidth, int NewHeight, bool HighQuality);
 
 }  // namespace mobrel

@@ -4,9 +4,9 @@
 
 #include "imaging/BicubicPlain.hpp"
 #include "imaging/mGDIpEx.hpp"
+#include "platform/Codecs.hpp"
 #include "platform/DeviceContext.hpp"
 #include "platform/RuntimeError.hpp"
-#include "platform/codecs/BicubicGraph.hpp"
 
 namespace mobrel {
 
@@ -25,13 +25,14 @@ bool suitsGraph(int newSide, int oldSide) {
 void scaleBicubic(DeviceContext& target, const DeviceContext& source) {
     const bool suits =
         suitsGraph(target.width(), source.width()) && suitsGraph(target.height(), source.height());
-    if (!suits || !scaleByGraph(target, source, ZimgKernels::ForProcessor)) scalePlainly(target, source);
+    if (!suits || !codecs().scaleByGraph(target, source)) scalePlainly(target, source);
 }
 
 }  // namespace
 
 bool StretchDIB(cDIB& DIB, int NewWidth, int NewHeight, bool HighQuality) {
     if (DIB.hDIB() == nullptr) return false;
+    if (HighQuality) codecs();  // a module that is missing is no shortage of memory
     std::optional<PixelBuffer> section = PixelBuffer::create(NewWidth, NewHeight);
     if (!section) return false;
     DeviceContext target(section->bits(), NewWidth, NewHeight, RowOrder::BottomUp);

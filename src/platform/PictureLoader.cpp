@@ -10,10 +10,8 @@
 #include <system_error>
 
 #include "platform/BmpReader.hpp"
+#include "platform/Codecs.hpp"
 #include "platform/Files.hpp"
-#include "platform/codecs/GifReader.hpp"
-#include "platform/codecs/JpegReader.hpp"
-#include "platform/codecs/PngReader.hpp"
 
 namespace mobrel {
 
@@ -70,11 +68,11 @@ std::optional<PictureFileFormat> formatOf(const SniffedSource& source) {
 StdPicture readAs(PictureFileFormat format, ByteSource& source, const ReadOptions& options) {
     switch (format) {
         case PictureFileFormat::Gif:
-            return readGif(source, options);
+            return codecs().readGif(source, options);
         case PictureFileFormat::Jpeg:
-            return readJpeg(source, options);
+            return codecs().readJpeg(source, options);
         case PictureFileFormat::Png:
-            return readPng(source, options);
+            return codecs().readPng(source, options);
         default:
             return readBmp(source, options);
     }

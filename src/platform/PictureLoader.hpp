@@ -12,7 +12,7 @@
 namespace mobrel {
 
 /// Loads a BMP, GIF or JPEG file. The content decides, not the name. Errors: the platform's file errors when
-/// the file cannot be read, PictureError when it is none of these or a broken one.
+/// the file cannot be read, PictureError when it is none of these or a broken one, those of codecs().
 std::unique_ptr<StdPicture> loadPicture(const std::string& path);
 
 enum class PictureFileFormat { Bmp, Gif, Jpeg, Png };
@@ -23,7 +23,7 @@ struct LoadedPicture {
 };
 
 /// Reads a picture of any of the formats from its first byte; the content decides. Throws as the formats'
-/// readers do, PictureError for something else.
+/// readers and codecs() do, PictureError for something else.
 LoadedPicture readPicture(ByteSource& source, const ReadOptions& options = {});
 
 }  // namespace mobrel

@@ -4,6 +4,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
+
+#include "platform/StdPicture.hpp"
 
 namespace mobrel {
 
@@ -18,6 +21,16 @@ struct PictureView {
 
     /// Line y, counted from the top.
     const std::uint8_t* line(int y) const noexcept { return top + y * stride; }
+};
+
+/// A picture of one index a pixel.
+struct IndexedPicture {
+    int width = 0;
+    int height = 0;
+    /// 1 to 256 entries.
+    std::span<const RgbQuad> colorTable;
+    /// One byte a pixel, top line first, rows of `width` bytes.
+    std::span<const std::uint8_t> indices;
 };
 
 }  // namespace mobrel

@@ -17,6 +17,8 @@ const char* errorText(ErrorNumber number) noexcept {
             return "Division by zero";
         case ErrorNumber::TypeMismatch:
             return "Type mismatch";
+        case ErrorNumber::LibraryNotLoaded:
+            return "Error in loading DLL";
         case ErrorNumber::BadFileName:
             return "Bad file name or number";
         case ErrorNumber::FileNotFound:

@@ -18,6 +18,7 @@ enum class ErrorNumber : int {
     SubscriptOutOfRange = 9,
     DivisionByZero = 11,
     TypeMismatch = 13,
+    LibraryNotLoaded = 48,
     BadFileName = 52,
     FileNotFound = 53,
     FileAlreadyOpen = 55,

@@ -356,6 +356,23 @@ class FailureTest(BatchTest):
                 self.assertEqual(count, "1 done, 1 failed")
                 self.assertEqual(os.listdir(self.out), ["good.bmp"])
 
+    def test_a_missing_or_broken_module_is_told(self):
+        program = copy_program(os.environ["MOBREL_BATCH"], self.folder("program"))[0]
+        module = program.parent / "libmobrel-codecs.so"
+        module.unlink()
+        self.leave("a.bmp")
+        self.leave("a.png", b"\x89PNG\r\n\x1a\n")
+        for words in (b": libmobrel-codecs.so: cannot open shared object file: No such file or directory\n",
+                      b": " + os.fsencode(module) + b": file too short\n"):
+            for arguments in (["Greys", "--", "a.png"], ["-f", "png", "Greys", "--", "a.bmp"],
+                              ["Resize:Percent=50", "--", "a.bmp"]):
+                with self.subTest(arguments, words=words):
+                    ended = self.run_batch("-o", "out", *arguments, status=1, executable=program)
+                    self.assertIn(words, ended.stderr)
+                    self.assertEqual(list(self.out.iterdir()), [])
+            module.write_bytes(b"")
+        self.run_batch("-o", "out", "Greys", "--", "a.bmp", executable=program)
+
     def test_existing_targets_stay_without_force(self):
         cases = {"file": lambda path: path.write_bytes(b"old"), "folder": Path.mkdir,
                  "link": lambda path: path.symlink_to(self.root / "goal"),

@@ -36,8 +36,8 @@ def clean_environment():
 
 
 def copy_program(program, folder):
-    """Copies a program and its library to a folder. The copies, the program first."""
-    files = [Path(program), *Path(program).parent.glob("libmobrel-core.so*")]
+    """Copies a program and its libraries to a folder. The copies, the program first."""
+    files = [Path(program), *Path(program).parent.glob("libmobrel-*.so*")]
     return [Path(shutil.copy(file, folder)) for file in files]
 
 

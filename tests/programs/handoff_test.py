@@ -396,6 +396,37 @@ class SnapshotTest(HandOffTest):
                 self.assertIsNone(host.win_state())
 
 
+class ModuleTest(HandOffTest):
+    """The module that reads what is no BMP, and the libraries that it needs."""
+
+    JPEG = b"\xff\xd8\xff"  # broken behind its first bytes
+    LIBRARY = re.compile(r"file=(?:.*/)?(libmobrel-codecs|libpng|libjpeg|libgif|libzimg|libz)\d*\.so"
+                         r".* generating link map")
+
+    def test_a_bitmap_does_without_it(self):
+        libraries = {"libmobrel-codecs", "libpng", "libjpeg", "libgif", "libzimg", "libz"}
+        for picture, expected in ((encoded(small_noise()), set()), (self.JPEG, libraries)):
+            with self.subTest(picture[:3]), HandOff(PROGRAM) as host:
+                host.leave(config_of(15), picture)
+                ended = host.run(LD_DEBUG="files", LD_DEBUG_OUTPUT=str(host.root / "loaded"))
+                self.assertEqual(ended.errors, f"mobrel: {LOAD_MESSAGE}\n" if expected else "")
+                loaded = "".join(path.read_text() for path in host.root.glob("loaded.*"))
+                self.assertIn("libmobrel-core.so", loaded)
+                self.assertEqual(set(self.LIBRARY.findall(loaded)), expected)
+
+    def test_where_it_is_missing_only_bitmaps_are_read(self):
+        bitmap = small_noise()
+        for picture, errors, left in ((encoded(bitmap), "", written(sepia(bitmap))),
+                                      (self.JPEG, f"mobrel: {LOAD_MESSAGE}\n", self.JPEG)):
+            with self.subTest(picture[:3]), HandOff(PROGRAM) as host:
+                host.install_program(host.root)
+                (host.root / "libmobrel-codecs.so").unlink()
+                host.leave(config_of(15), picture)
+                ended = host.run()
+                self.assertEqual((ended.status, ended.errors, host.win_state()), (0, errors, b"1"))
+                self.assertEqual(host.picture.read_bytes(), left)
+
+
 if __name__ == "__main__":
     PROGRAM = os.path.abspath(sys.argv.pop(1))
     unittest.main()
