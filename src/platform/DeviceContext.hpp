@@ -2,6 +2,7 @@
 // A drawing target over memory. Plain arithmetic; needs no display.
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 namespace mobrel {
@@ -24,6 +25,29 @@ enum class RowOrder { TopDown, BottomUp };
 
 /// The platform's stretch modes.
 enum class StretchMode : int { BlackOnWhite = 1, WhiteOnBlack = 2, ColorOnColor = 3, Halftone = 4 };
+
+/// An 8 by 8 pattern: row y of a target takes rows[y mod 8], whose highest bit is the pixel at column 0.
+struct PatternBrush {
+    std::array<std::uint8_t, 8> rows{};
+};
+
+/// The borders of DrawEdge, under the platform's numbers.
+enum class Edge : unsigned {
+    None = 0,
+    SunkenOuter = 2,  // BDR_SUNKENOUTER
+    RaisedInner = 4,  // BDR_RAISEDINNER
+    Raised = 5,       // EDGE_RAISED
+    Sunken = 10,      // EDGE_SUNKEN
+};
+
+/// The platform's numbers for PatBlt.
+enum class PatternOperation : std::uint32_t {
+    PatAnd = 0x00A000C9,
+    PatCopy = 0x00F00021,
+    PatInvert = 0x005A0049,
+};
+
+enum class GradientDirection { Horizontal = 0, Vertical = 1 };
 
 class DeviceContext;
 
@@ -80,8 +104,44 @@ class DeviceContext final : public StretchTarget {
     /// Draws the outline of the rectangle, one pixel thick and inside it. An empty or inverted
     /// rectangle draws nothing.
     void FrameRect(const Rect& rect, Color color);
+    /// The same in a pattern, whose corner lies at (0, 0) of this target: a set bit is `background`, a clear
+    /// one `text`.
+    void FrameRect(const Rect& rect, const PatternBrush& brush, Color text, Color background);
+
+    /// Inverts every second pixel of the rectangle's outline, `thickness` pixels wide, so that a second call
+    /// brings the picture back. The dots are squares of the thickness; the outline is walked from the top
+    /// right corner leftwards, down, right and up. An inverted rectangle is put in order first; one without
+    /// width or height draws nothing.
+    void DrawFocusRect(const Rect& rect, int thickness = 1);
+
+    /// Draws the border of a rectangle in the 3-D colours of the system: an outer and an inner ring, each
+    /// `thickness` pixels wide, where the edge has them. The inside stays. Corners belong to the bottom and
+    /// right.
+    void DrawEdge(const Rect& rect, Edge edge, int thickness = 1);
+
+    /// Fills the rectangle with the button face and draws diagonal bands into its lower right corner, in
+    /// steps of `thickness` pixels.
+    void DrawSizeGrip(const Rect& rect, int thickness = 1);
+
+    /// Combines the rectangle bit by bit with a colour; byte 3 of each pixel becomes 0.
+    void PatBlt(const Rect& rect, Color color, PatternOperation operation);
+
+    /// Fades from `from` to `to`, each a colour, over the rectangle: pixel i of n is
+    /// (from (n - i) + to i) div n in each channel. An empty or inverted rectangle fills nothing.
+    void GradientFill(const Rect& rect, Color from, Color to, GradientDirection direction);
+
+    /// A rectangle with corners that are quarters of an ellipse of these diameters, cut to the rectangle;
+    /// outlined in `pen`, one pixel wide, filled with `brush`. A rectangle one pixel wide or high draws
+    /// nothing.
+    void RoundRect(const Rect& rect, int cornerWidth, int cornerHeight, Color pen, Color brush);
+
+    /// A target that is the part of this one inside the rectangle, cut to this one; its (0, 0) is the part's
+    /// corner. For top-down targets.
+    DeviceContext part(const Rect& rect) noexcept;
 
  private:
+    DeviceContext(std::uint8_t* bits, int width, int height, std::int64_t stride) noexcept;
+
     std::int64_t byteCount() const noexcept { return std::int64_t{m_width} * m_height * 4; }
     bool isSameSurface(const DeviceContext& other) const noexcept;
     bool sharesMemory(const DeviceContext& other) const noexcept;
