@@ -5,8 +5,10 @@
 #include <cstddef>
 #include <cstring>
 #include <functional>
+#include <utility>
 #include <vector>
 
+#include "platform/ContextPixels.hpp"
 #include "platform/PixelBuffer.hpp"
 #include "platform/RuntimeError.hpp"
 #include "platform/pixel_vectors.hpp"
@@ -14,8 +16,6 @@
 namespace mobrel {
 
 namespace {
-
-constexpr std::size_t kPixelBytes = 4;
 
 /// One side of a rectangle, and the extent of its surface along that side.
 struct Side {
@@ -66,13 +66,6 @@ bool hasStep(const AxisMap& map, int step) {
 /// True when the map from a side to itself puts every pixel at its mirror image or where it was.
 bool isMirrorOrIdentity(const AxisMap& map, int extent) {
     return map.sources.size() == static_cast<std::size_t>(extent) && (hasStep(map, 1) || hasStep(map, -1));
-}
-
-std::uint8_t* pixelAt(std::uint8_t* line, int x) {
-    return line + static_cast<std::size_t>(x) * kPixelBytes;
-}
-const std::uint8_t* pixelAt(const std::uint8_t* line, int x) {
-    return line + static_cast<std::size_t>(x) * kPixelBytes;
 }
 
 /// Sets the target line's pixels from a source line in other memory.
@@ -158,7 +151,23 @@ void mirrorSurface(DeviceContext& surface, const AxisMap& columns, const AxisMap
     if (rows.isReversed()) reverseLineOrder(surface);
 }
 
+/// From the first byte to behind the last. Lines of a part have others' pixels between them.
+std::pair<const std::uint8_t*, const std::uint8_t*> memoryOf(const DeviceContext& surface) {
+    const std::uint8_t* top = surface.line(0);
+    const std::uint8_t* bottom = surface.line(surface.height() - 1);
+    const std::less<const std::uint8_t*> isBefore;
+    const std::uint8_t* last = isBefore(top, bottom) ? bottom : top;
+    return {isBefore(top, bottom) ? top : bottom, pixelAt(last, surface.width())};
+}
+
 }  // namespace
+
+DeviceContext::DeviceContext(std::uint8_t* bits, int width, int height, RowOrder order) noexcept
+    : m_topLine(bits), m_width(width), m_height(height), m_stride(std::ptrdiff_t{width} * 4) {
+    if (order == RowOrder::TopDown || height == 0) return;
+    m_topLine += (height - 1) * m_stride;
+    m_stride = -m_stride;
+}
 
 void DeviceContext::BitBlt(int x, int y, int width, int height, const DeviceContext& source, int xSource,
                            int ySource) {
@@ -182,38 +191,23 @@ void DeviceContext::StretchBlt(int x, int y, int width, int height, const Device
     }
 }
 
-void DeviceContext::FillRect(const Rect& rect, Color color) {
-    const int left = std::max(rect.left, 0);
-    const int top = std::max(rect.top, 0);
-    const int right = std::min(rect.right, m_width);
-    const int bottom = std::min(rect.bottom, m_height);
-    if (left >= right || top >= bottom) return;
-    const std::uint8_t pixel[kPixelBytes] = {static_cast<std::uint8_t>(color >> 16),
-                                             static_cast<std::uint8_t>(color >> 8),
-                                             static_cast<std::uint8_t>(color), 0};
-    std::uint8_t* const first = pixelAt(line(top), left);
-    for (int x = 0; x < right - left; ++x) std::memcpy(pixelAt(first, x), pixel, kPixelBytes);
-    const std::size_t bytes = static_cast<std::size_t>(right - left) * kPixelBytes;
-    for (int y = top + 1; y < bottom; ++y) std::memcpy(pixelAt(line(y), left), first, bytes);
-}
-
-void DeviceContext::FrameRect(const Rect& rect, Color color) {
-    const auto [left, top, right, bottom] = rect;
-    if (left >= right || top >= bottom) return;
-    FillRect({left, top, right, top + 1}, color);
-    FillRect({left, bottom - 1, right, bottom}, color);
-    FillRect({left, top, left + 1, bottom}, color);
-    FillRect({right - 1, top, right, bottom}, color);
+DeviceContext DeviceContext::part(const Rect& rect) noexcept {
+    const Rect inside = cutTo(*this, rect);
+    if (isEmpty(inside)) return {m_topLine, 0, 0, m_stride};
+    return {pixelAt(line(inside.top), inside.left), inside.right - inside.left, inside.bottom - inside.top,
+            m_stride};
 }
 
 bool DeviceContext::isSameSurface(const DeviceContext& other) const noexcept {
-    return m_bits == other.m_bits && m_width == other.m_width && m_height == other.m_height &&
-           m_order == other.m_order;
+    return m_topLine == other.m_topLine && m_width == other.m_width && m_height == other.m_height &&
+           m_stride == other.m_stride;
 }
 
 bool DeviceContext::sharesMemory(const DeviceContext& other) const noexcept {
+    const auto [begin, end] = memoryOf(*this);
+    const auto [otherBegin, otherEnd] = memoryOf(other);
     const std::less<const std::uint8_t*> isBefore;
-    return isBefore(m_bits, other.m_bits + other.byteCount()) && isBefore(other.m_bits, m_bits + byteCount());
+    return isBefore(begin, otherEnd) && isBefore(otherBegin, end);
 }
 
 }  // namespace mobrel

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 namespace mobrel {
@@ -34,9 +35,11 @@ struct PatternBrush {
 /// The borders of DrawEdge, under the platform's numbers.
 enum class Edge : unsigned {
     None = 0,
+    RaisedOuter = 1,  // BDR_RAISEDOUTER
     SunkenOuter = 2,  // BDR_SUNKENOUTER
     RaisedInner = 4,  // BDR_RAISEDINNER
     Raised = 5,       // EDGE_RAISED
+    SunkenInner = 8,  // BDR_SUNKENINNER
     Sunken = 10,      // EDGE_SUNKEN
 };
 
@@ -71,15 +74,14 @@ class StretchTarget {
 class DeviceContext final : public StretchTarget {
  public:
     /// `bits` is width x height pixels of 4 bytes (blue, green, red, unused), rows unpadded.
-    DeviceContext(std::uint8_t* bits, int width, int height, RowOrder order) noexcept
-        : m_bits(bits), m_width(width), m_height(height), m_order(order) {}
+    DeviceContext(std::uint8_t* bits, int width, int height, RowOrder order) noexcept;
 
     int width() const noexcept { return m_width; }
     int height() const noexcept { return m_height; }
 
     /// Picture line y, counted from the top, 0 to height - 1.
-    std::uint8_t* line(int y) noexcept { return m_bits + lineOffset(y); }
-    const std::uint8_t* line(int y) const noexcept { return m_bits + lineOffset(y); }
+    std::uint8_t* line(int y) noexcept { return m_topLine + y * m_stride; }
+    const std::uint8_t* line(int y) const noexcept { return m_topLine + y * m_stride; }
 
     /// Copies a block of the source to (x, y), all four bytes of each pixel. Clipped at both
     /// surfaces. A negative size runs leftwards or upwards in both. Source and target may be the
@@ -115,15 +117,15 @@ class DeviceContext final : public StretchTarget {
     void DrawFocusRect(const Rect& rect, int thickness = 1);
 
     /// Draws the border of a rectangle in the 3-D colours of the system: an outer and an inner ring, each
-    /// `thickness` pixels wide, where the edge has them. The inside stays. Corners belong to the bottom and
-    /// right.
+    /// `thickness` pixels wide (1 or more), where the edge has them (a sum of two borders has both). The inside stays.
+    /// Corners belong to the bottom and right.
     void DrawEdge(const Rect& rect, Edge edge, int thickness = 1);
 
-    /// Fills the rectangle with the button face and draws diagonal bands into its lower right corner, in
-    /// steps of `thickness` pixels.
+    /// Fills the rectangle with the button face and draws three diagonal bands of highlight and shadow into
+    /// its lower right corner, in steps of `thickness` pixels.
     void DrawSizeGrip(const Rect& rect, int thickness = 1);
 
-    /// Combines the rectangle bit by bit with a colour; byte 3 of each pixel becomes 0.
+    /// Combines the rectangle bit by bit with a colour, whose byte 3 counts as 0.
     void PatBlt(const Rect& rect, Color color, PatternOperation operation);
 
     /// Fades from `from` to `to`, each a colour, over the rectangle: pixel i of n is
@@ -131,29 +133,28 @@ class DeviceContext final : public StretchTarget {
     void GradientFill(const Rect& rect, Color from, Color to, GradientDirection direction);
 
     /// A rectangle with corners that are quarters of an ellipse of these diameters, cut to the rectangle;
-    /// outlined in `pen`, one pixel wide, filled with `brush`. A rectangle one pixel wide or high draws
-    /// nothing.
-    void RoundRect(const Rect& rect, int cornerWidth, int cornerHeight, Color pen, Color brush);
+    /// outlined in `pen`, `thickness` pixels wide, filled with `brush`. A rectangle one pixel wide or high
+    /// draws nothing.
+    void RoundRect(const Rect& rect, int cornerWidth, int cornerHeight, Color pen, Color brush,
+                   int thickness = 1);
 
     /// A target that is the part of this one inside the rectangle, cut to this one; its (0, 0) is the part's
-    /// corner. For top-down targets.
+    /// corner.
     DeviceContext part(const Rect& rect) noexcept;
 
  private:
-    DeviceContext(std::uint8_t* bits, int width, int height, std::int64_t stride) noexcept;
+    DeviceContext(std::uint8_t* topLine, int width, int height, std::ptrdiff_t stride) noexcept
+        : m_topLine(topLine), m_width(width), m_height(height), m_stride(stride) {}
 
-    std::int64_t byteCount() const noexcept { return std::int64_t{m_width} * m_height * 4; }
     bool isSameSurface(const DeviceContext& other) const noexcept;
     bool sharesMemory(const DeviceContext& other) const noexcept;
 
-    std::int64_t lineOffset(int y) const noexcept {
-        return std::int64_t{m_order == RowOrder::TopDown ? y : m_height - 1 - y} * m_width * 4;
-    }
-
-    std::uint8_t* m_bits;
+    /// The first picture line, and the bytes from each to the next: negative where the bottom one stands
+    /// first in memory.
+    std::uint8_t* m_topLine;
     int m_width;
     int m_height;
-    RowOrder m_order;
+    std::ptrdiff_t m_stride;
     StretchMode m_stretchMode = StretchMode::BlackOnWhite;
 };
 
