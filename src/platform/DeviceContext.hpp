@@ -117,8 +117,8 @@ class DeviceContext final : public StretchTarget {
     void DrawFocusRect(const Rect& rect, int thickness = 1);
 
     /// Draws the border of a rectangle in the 3-D colours of the system: an outer and an inner ring, each
-    /// `thickness` pixels wide (1 or more), where the edge has them (a sum of two borders has both). The inside stays.
-    /// Corners belong to the bottom and right.
+    /// `thickness` pixels wide (1 or more), where the edge has them (a sum of two borders has both). The
+    /// inside stays. Corners belong to the bottom and right.
     void DrawEdge(const Rect& rect, Edge edge, int thickness = 1);
 
     /// Fills the rectangle with the button face and draws three diagonal bands of highlight and shadow into

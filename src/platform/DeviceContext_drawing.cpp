@@ -115,11 +115,13 @@ class RoundedRectangle {
             const std::int64_t twice = 2 * error;
             if (twice >= dx) {
                 --x;
-                error += dx += stepX;
+                dx += stepX;
+                error += dx;
             }
             if (twice <= dy) {
                 ++y;
-                error += dy += stepY;
+                dy += stepY;
+                error += dy;
             }
         }
     }
@@ -155,19 +157,19 @@ class RoundedRectangle {
     int m_height;
     Color m_pen;
     Color m_brush;
-    int m_row = -1;
+    int m_row = -1;  // of the last point
 };
 
-/// Corner diameters as they fit. The platform's coordinates end there too.
-int cornerSize(int wanted, int side) {
-    constexpr int kLargest = 0x7FFF;
-    return std::min({wanted, side, kLargest});
+/// A corner's diameter, cut to the side it stands on. Larger ones than any view would leave 64 bits.
+int cornerSize(int wanted, int from, int to) {
+    constexpr std::int64_t kLargest = 0x7FFF;
+    return static_cast<int>(std::min({std::int64_t{wanted}, std::int64_t{to} - from, kLargest}));
 }
 
 void fillRounded(DeviceContext& target, const Rect& rect, int cornerWidth, int cornerHeight, Color pen,
                  Color brush) {
-    const int width = cornerSize(cornerWidth, rect.right - rect.left);
-    const int height = cornerSize(cornerHeight, rect.bottom - rect.top);
+    const int width = cornerSize(cornerWidth, rect.left, rect.right);
+    const int height = cornerSize(cornerHeight, rect.top, rect.bottom);
     if (width > 2 && height > 2) {
         RoundedRectangle(target, rect, width, height, pen, brush).draw();
     } else {
