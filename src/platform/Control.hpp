@@ -80,6 +80,8 @@ class Control {
 
     /// Design pixels as device pixels.
     int scaled(double designPixels) const;
+    /// The thickness of lines: whole design pixels, so that they stay sharp.
+    int lineWidth() const { return m_scale < 2 ? 1 : static_cast<int>(m_scale); }
 
  private:
     ControlHost* m_host = nullptr;
