@@ -14,6 +14,7 @@
 #include <utility>
 #include <vector>
 
+#include "canvas_bench.hpp"
 #include "colours_bench.hpp"
 #include "files_bench.hpp"
 #include "filters_bench.hpp"
@@ -54,6 +55,7 @@ std::vector<PictureOperation> allOperations() {
     std::vector<PictureOperation> all = mobrel::bench::filterOperations();
     for (auto& operation : mobrel::bench::colourOperations()) all.push_back(std::move(operation));
     for (auto& operation : mobrel::bench::fileOperations()) all.push_back(std::move(operation));
+    for (auto& operation : mobrel::bench::canvasOperations()) all.push_back(std::move(operation));
     return all;
 }
 

@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "platform/DeviceContext.hpp"
 
+#include <hwy/cache_control.h>
+
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <functional>
+#include <optional>
+#include <span>
 #include <utility>
 #include <vector>
 
+#include "platform/AxisMap.hpp"
 #include "platform/ContextPixels.hpp"
 #include "platform/PixelBuffer.hpp"
 #include "platform/RuntimeError.hpp"
@@ -17,71 +22,52 @@ namespace mobrel {
 
 namespace {
 
-/// One side of a rectangle, and the extent of its surface along that side.
-struct Side {
-    std::int64_t origin;
-    std::int64_t size;
-    int extent;
-
-    std::int64_t length() const { return size < 0 ? -size : size; }
-    /// The place of the rectangle's pixel d; a negative size counts downwards.
-    std::int64_t place(std::int64_t d) const { return size < 0 ? origin - d : origin + d; }
-    std::int64_t lowest() const { return size < 0 ? origin + size + 1 : origin; }
-};
-
-/// What a stretch does along one axis: target pixel first + i takes source pixel sources[i].
-struct AxisMap {
-    int first = 0;
-    std::vector<int> sources;
-
-    bool empty() const { return sources.empty(); }
-    std::size_t bytes() const { return sources.size() * kPixelBytes; }
-    bool isReversed() const { return sources.front() > sources.back(); }
-    int lowestSource() const { return std::min(sources.front(), sources.back()); }
-    int highestSource() const { return std::max(sources.front(), sources.back()); }
-};
-
-/// The mapping of the whole sides, then cut to the pixels that both surfaces have. The mapping is
-/// monotone, so what is left is one run.
-AxisMap mapAxis(const Side& target, const Side& source) {
-    AxisMap map;
-    if (target.size == 0 || source.size == 0) return map;
-    const std::int64_t begin = std::max<std::int64_t>(target.lowest(), 0);
-    const std::int64_t end = std::min<std::int64_t>(target.lowest() + target.length(), target.extent);
-    for (std::int64_t pixel = begin; pixel < end; ++pixel) {
-        const std::int64_t d = target.size < 0 ? target.origin - pixel : pixel - target.origin;
-        const std::int64_t taken = source.place(((2 * d + 1) * source.length() - 1) / (2 * target.length()));
-        if (taken < 0 || taken >= source.extent) continue;
-        if (map.empty()) map.first = static_cast<int>(pixel);
-        map.sources.push_back(static_cast<int>(taken));
-    }
-    return map;
-}
-
-bool hasStep(const AxisMap& map, int step) {
-    const auto breaks = [step](int a, int b) { return b - a != step; };
-    return std::ranges::adjacent_find(map.sources, breaks) == map.sources.end();
-}
-
 /// True when the map from a side to itself puts every pixel at its mirror image or where it was.
 bool isMirrorOrIdentity(const AxisMap& map, int extent) {
     return map.sources.size() == static_cast<std::size_t>(extent) && (hasStep(map, 1) || hasStep(map, -1));
 }
 
-/// Sets the target line's pixels from a source line in other memory.
-void gatherLine(std::uint8_t* out, const std::uint8_t* line, const AxisMap& columns) {
-    for (const int x : columns.sources) {
-        std::memcpy(out, pixelAt(line, x), kPixelBytes);
+/// A source line, and the one that is wanted after it, which is loaded meanwhile: lines of a large picture
+/// lie pages apart, where the processor starts too late.
+struct SourceLine {
+    const std::uint8_t* pixels;
+    const std::uint8_t* next;
+};
+
+void gatherPixels(std::uint8_t* out, const SourceLine& line, std::span<const int> sources) {
+    for (const int x : sources) {
+        hwy::Prefetch(pixelAt(line.next, x));
+        std::memcpy(out, pixelAt(line.pixels, x), kPixelBytes);
         out += kPixelBytes;
     }
 }
 
-/// Fits the source to the target; the two share no memory.
+/// Sets the target line's pixels from a source line in other memory.
+void fitLine(std::uint8_t* out, const SourceLine& line, const AxisMap& columns,
+             const std::optional<Repetition>& repeated) {
+    std::span<const int> left(columns.sources);
+    if (repeated) {
+        gatherPixels(out, line, left.first(repeated->before));
+        left = left.subspan(repeated->before);
+        out += repeated->before * kPixelBytes;
+        const std::size_t done =
+            repeated->times * kernels::repeatedPixels(pixelAt(line.pixels, left.front()), repeated->whole,
+                                                      repeated->times, out);
+        left = left.subspan(done);
+        out += done * kPixelBytes;
+    }
+    gatherPixels(out, line, left);
+}
+
+/// Fits the source to the target; the two share no memory. Target lines that take the same source line are
+/// copies.
 void copyPixels(DeviceContext& target, const DeviceContext& source, const AxisMap& columns,
                 const AxisMap& rows) {
     const bool plain = hasStep(columns, 1);
+    const auto repeated = repetitionOf(columns);
+    const std::size_t count = rows.sources.size();
     const std::uint8_t* previous = nullptr;
-    for (std::size_t i = 0; i < rows.sources.size(); ++i) {
+    for (std::size_t i = 0; i < count; ++i) {
         std::uint8_t* out = pixelAt(target.line(rows.first + static_cast<int>(i)), columns.first);
         const std::uint8_t* line = source.line(rows.sources[i]);
         if (i > 0 && rows.sources[i] == rows.sources[i - 1]) {
@@ -89,7 +75,7 @@ void copyPixels(DeviceContext& target, const DeviceContext& source, const AxisMa
         } else if (plain) {
             std::memcpy(out, pixelAt(line, columns.sources.front()), columns.bytes());
         } else {
-            gatherLine(out, line, columns);
+            fitLine(out, {line, source.line(rows.sources[std::min(i + 1, count - 1)])}, columns, repeated);
         }
         previous = out;
     }

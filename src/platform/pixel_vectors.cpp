@@ -2,6 +2,8 @@
 // Compiled once for each set of instructions; the processor's best is chosen when it runs.
 #include "platform/pixel_vectors.hpp"
 
+#include <algorithm>
+
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "platform/pixel_vectors.cpp"
 #include <hwy/foreach_target.h>  // IWYU pragma: keep
@@ -22,6 +24,9 @@ std::size_t Pack(const std::uint8_t*, std::size_t, std::uint8_t*) {
     return 0;
 }
 std::size_t Expand(const std::uint8_t*, std::size_t, std::uint8_t*) {
+    return 0;
+}
+std::size_t Repeat(const std::uint8_t*, std::size_t, std::size_t, std::uint8_t*) {
     return 0;
 }
 bool TransposeTile(const PixelLines<const std::uint8_t>&, const PixelLines<std::uint8_t>&) {
@@ -114,6 +119,26 @@ std::size_t Expand(const std::uint8_t* from, std::size_t count, std::uint8_t* to
     return done;
 }
 
+/// A vector of pixels becomes `times` vectors.
+std::size_t Repeat(const std::uint8_t* from, std::size_t count, std::size_t times, std::uint8_t* to) {
+    const Pixels d;
+    const std::size_t step = hn::Lanes(d);
+    if (times > kMostTimes || count < step) return 0;
+    HWY_ALIGN std::int32_t lanes[kMostTimes * hn::MaxLanes(Pixels())];
+    for (std::size_t lane = 0; lane < step; ++lane) {
+        std::fill_n(lanes + lane * times, times, static_cast<std::int32_t>(lane));
+    }
+    std::size_t done = 0;
+    for (; done + step <= count; done += step) {
+        const auto pixels = load(d, from + done * 4);
+        for (std::size_t i = 0; i < times; ++i) {
+            store(d, hn::TableLookupLanes(pixels, hn::SetTableIndices(d, lanes + i * step)), to);
+            to += step * 4;
+        }
+    }
+    return done;
+}
+
 /// Four pixels of each of four lines become four lines, `kTileSide` pixels apart.
 HWY_INLINE void transposeFour(const PixelLines<const std::uint8_t>& from, std::uint8_t* to) {
     const FourPixels d;
@@ -166,6 +191,7 @@ namespace mobrel::kernels {
 MOBREL_VECTORS(Mirror);
 MOBREL_VECTORS(Pack);
 MOBREL_VECTORS(Expand);
+MOBREL_VECTORS(Repeat);
 MOBREL_VECTORS(TransposeTile);
 
 std::size_t mirroredPixels(std::uint8_t* row, std::size_t count) {
@@ -178,6 +204,10 @@ std::size_t packedPixels(const std::uint8_t* from, std::size_t count, std::uint8
 
 std::size_t expandedPixels(const std::uint8_t* from, std::size_t count, std::uint8_t* to) {
     return MOBREL_BEST(Expand)(from, count, to);
+}
+
+std::size_t repeatedPixels(const std::uint8_t* from, std::size_t count, std::size_t times, std::uint8_t* to) {
+    return MOBREL_BEST(Repeat)(from, count, times, to);
 }
 
 bool transposedTile(const PixelLines<const std::uint8_t>& from, const PixelLines<std::uint8_t>& to) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Vectors of whole pixels: mirrored, turned, packed and expanded.
+// Vectors of whole pixels: mirrored, turned, packed, expanded and repeated.
 #pragma once
 
 #include <cstddef>
@@ -21,6 +21,11 @@ std::size_t packedPixels(const std::uint8_t* from, std::size_t count, std::uint8
 /// Expands 3 bytes each to pixels whose byte 3 is 0. The number of pixels that are done. Nothing behind the
 /// 3 * `count` bytes of `from` is read.
 std::size_t expandedPixels(const std::uint8_t* from, std::size_t count, std::uint8_t* to);
+
+/// Writes each pixel `times` times in a row. The number of pixels of `from` that are done: none above
+/// kMostTimes, where plain stores are as fast. Nothing behind `count` times `times` pixels is written.
+inline constexpr std::size_t kMostTimes = 16;
+std::size_t repeatedPixels(const std::uint8_t* from, std::size_t count, std::size_t times, std::uint8_t* to);
 
 /// Lines of pixels, `stride` bytes from each to the next; negative where they run backwards in memory.
 template <typename Byte>

@@ -209,6 +209,25 @@ TEST(DeviceContextTest, AnyCallEqualsReadingTheSourceFirst) {
     }
 }
 
+// Views begin and end inside a source pixel, and are wide enough for vectors.
+TEST(DeviceContextTest, WholeEnlargementsEqualTheRule) {
+    PictureGrid source = PictureGrid::numbered(45, 3, RowOrder::BottomUp);
+    for (int zoom = 2; zoom <= 18; ++zoom) {
+        for (int x = 3; x >= -2 * zoom; x -= 2) {
+            for (const int width : {70, 93, 45 * zoom + x, 45 * zoom + 9}) {
+                const Blt blt{x, -1, 45 * zoom, 3 * zoom, 0, 0, 45, 3};
+                PictureGrid target(width, 7);
+                PictureGrid expected(width, 7);
+                DeviceContext context = target.context();
+                stretch(context, source.context(), blt);
+                stretchSlowly(expected, source, blt);
+                ASSERT_TRUE(target == expected)
+                    << "zoom " << zoom << ", " << width << " wide: " << describe(blt);
+            }
+        }
+    }
+}
+
 TEST(DeviceContextTest, MirrorsInPlaceAreExactForEverySize) {
     for (const RowOrder order : kOrders) {
         for (int w = 1; w <= 12; ++w) {

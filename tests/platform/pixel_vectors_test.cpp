@@ -89,6 +89,29 @@ TEST(PixelVectors, ExpandPixelsWithByte3Zero) {
     EXPECT_GT(useful, 0);
 }
 
+TEST(PixelVectors, RepeatEachPixel) {
+    const int useful = test::usefulTargets([] {
+        std::size_t all = 0;
+        for (std::size_t times = 1; times <= kernels::kMostTimes + 1; ++times) {
+            for (std::size_t count = 0; count <= 40; ++count) {
+                const Bytes pixels = counted(count * 4);
+                Bytes repeated(count * times * 4 + 64, kUntouched);
+                Bytes expected = repeated;
+                const std::size_t done =
+                    kernels::repeatedPixels(pixels.data(), count, times, repeated.data());
+                EXPECT_LE(done, count);
+                for (std::size_t i = 0; i < done * times; ++i) {
+                    std::copy_n(&pixels[i / times * 4], 4, &expected[i * 4]);
+                }
+                EXPECT_EQ(repeated, expected) << count << " pixels " << times << " times";
+                all += done;
+            }
+        }
+        return all > 0;
+    });
+    EXPECT_GT(useful, 0);
+}
+
 TEST(PixelVectors, TransposeATileInAnyOrderOfLines) {
     constexpr std::ptrdiff_t kSide = kernels::kTileSide;
     constexpr std::ptrdiff_t kStride = (kSide + 3) * 4;  // lines of larger pictures
