@@ -34,6 +34,7 @@ void drawControlPicture(DeviceContext& target, const Rect& place, const ControlP
     const int width = place.right - place.left;
     const int height = place.bottom - place.top;
     const PixelBuffer& source = picture.pixels;
+    if (source.empty()) return;
     for (int y = std::max(place.top, 0); y < std::min(place.bottom, target.height()); ++y) {
         const std::uint8_t* from = source.row(sourceOf(y - place.top, height, source.height()));
         std::uint8_t* to = target.line(y);

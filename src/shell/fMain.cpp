@@ -55,6 +55,8 @@ void fMain::setGlobalDesktop(Desktop desktop) {
 }
 
 fMain::fMain(Desktop desktop) : m_desktop(desktop) {
+    sbPressure.setMax(100);
+    sbSize.setMax(100);
     connectCanvas();
 }
 

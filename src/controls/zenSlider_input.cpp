@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+// What the user does with the slider.
+#include <algorithm>
+#include <cstdlib>
+
+#include "controls/zenSlider.hpp"
+
+namespace mobrel {
+
+namespace {
+
+constexpr int kNotch = 120;
+constexpr int kPagesInRange = 10;
+
+}  // namespace
+
+void zenSlider::pointerPressed(const PointerInput& input) {
+    showFocus(false);
+    if (input.button != MouseButton::kLeft || !m_enabled) return;
+    m_isDragging = true;
+    if (host() != nullptr) host()->captureMouse();
+    const auto knobWidth = static_cast<float>(this->knobWidth());
+    const auto knobHeight = static_cast<float>(this->knobHeight());
+    const bool isOnKnob = input.x >= m_left && input.x <= m_left + knobWidth &&  //
+                          input.y >= m_top && input.y <= m_top + knobHeight;
+    if (isOnKnob) {
+        m_dX = input.x - m_left;
+        m_dY = input.y - m_top;
+    } else {
+        m_dX = knobWidth / 2;
+        m_dY = knobHeight / 2;
+        dragTo(input);
+    }
+    std::int16_t shift = input.shift;
+    MouseDown.raise(shift);
+}
+
+void zenSlider::pointerMoved(const PointerInput& input) {
+    if (m_isDragging) dragTo(input);
+}
+
+void zenSlider::pointerReleased(const PointerInput& input) {
+    const bool isInside = input.x >= 0 && input.x < static_cast<float>(width()) &&  //
+                          input.y >= 0 && input.y < static_cast<float>(height());
+    if (m_enabled && input.button == MouseButton::kLeft && isInside) Click.raise();
+    if (m_isDragging) {
+        std::int16_t shift = input.shift;
+        MouseUp.raise(shift);
+    }
+    m_isDragging = false;
+}
+
+/// The knob follows the pointer as far as it can go, and from there to the nearest value.
+void zenSlider::dragTo(const PointerInput& input) {
+    // With nothing to choose from, or no room, the knob stays.
+    if (m_range <= 0 || travel() == 0) return;
+    const float held = isHorizontal() ? input.x - m_dX : input.y - m_dY;
+    float& place = isHorizontal() ? m_left : m_top;
+    if (held < 0) {
+        place = 0;
+    } else {
+        place = travel() >= held ? held : static_cast<float>(travel());
+    }
+    const std::int32_t value = valueUnderKnob();
+    placeAlong(value);
+    setValue(value);
+}
+
+void zenSlider::wheelTurned(const WheelInput& input) {
+    const std::int64_t turned = std::int64_t{m_wheelRest} + input.vertical - input.horizontal;
+    m_wheelRest = static_cast<int>(turned % kNotch);
+    const std::int64_t steps = turned / kNotch;
+    if (steps != 0) changeByUser(m_value + steps);
+}
+
+bool zenSlider::keyPressed(const KeyInput& input) {
+    if (!m_enabled || (input.shift & (ShiftState::kControl | ShiftState::kAlt)) != 0) return false;
+    const std::int64_t page = std::max<std::int64_t>(1, m_range / kPagesInRange);
+    std::int64_t value = m_value;
+    switch (input.keyCode) {
+        case KeyCode::kLeft:
+        case KeyCode::kDown:
+            value -= 1;
+            break;
+        case KeyCode::kRight:
+        case KeyCode::kUp:
+            value += 1;
+            break;
+        case KeyCode::kPageDown:
+            value -= page;
+            break;
+        case KeyCode::kPageUp:
+            value += page;
+            break;
+        case KeyCode::kHome:
+            value = m_min;
+            break;
+        case KeyCode::kEnd:
+            value = m_max;
+            break;
+        default:
+            return false;
+    }
+    showFocus(true);
+    changeByUser(value);
+    return true;
+}
+
+void zenSlider::focusChanged(bool hasFocus) {
+    // The press that brings the focus follows at once, and takes the sign away again.
+    showFocus(hasFocus);
+}
+
+void zenSlider::changeByUser(std::int64_t value) {
+    if (!m_enabled || m_isDragging || m_range <= 0) return;
+    setValue(static_cast<std::int32_t>(std::clamp<std::int64_t>(value, m_min, m_max)));
+}
+
+void zenSlider::showFocus(bool isShown) {
+    if (m_showsFocus == isShown) return;
+    m_showsFocus = isShown;
+    repaint();
+}
+
+}  // namespace mobrel
