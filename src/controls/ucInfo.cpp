@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+#include "controls/ucInfo.hpp"
+
+#include <algorithm>
+
+#include "platform/Numbers.hpp"
+#include "platform/SystemColors.hpp"
+#include "platform/TextService.hpp"
+
+namespace mobrel {
+
+namespace {
+
+// Design pixels.
+constexpr int kHeight = 20;
+constexpr int kGripWidth = 20;
+constexpr int kPaneTop = 2;
+constexpr int kTextLeft = 4;
+constexpr int kTextTop = 2;
+constexpr int kTextRight = 1;
+/// Of the panes behind the first, both and the last.
+constexpr int kInfoAndZoom = 164;
+constexpr int kZoomAlone = 64;
+/// The line height that the panes are made for.
+constexpr int kDesignedLine = 13;
+
+/// The user's own.
+const TextFont kFont;
+
+}  // namespace
+
+void ucInfo::setText(std::size_t pane, std::string text) {
+    m_texts[pane] = std::move(text);
+    repaint();
+    if (host() != nullptr) host()->accessibleChanged();
+}
+
+/// A line of text always fits above the lower edge.
+int ucInfo::fittingHeight() const {
+    const int line = scaled(kPaneTop + kTextTop) + lineHeight(kFont, scale()) + lineWidth();
+    return std::max(scaled(kHeight), line);
+}
+
+/// Panes grow with a font that is larger than the one they are made for.
+int ucInfo::paneWidth(double designPixels) const {
+    const double growth =
+        static_cast<double>(lineHeight(kFont, scale())) / std::max(scaled(kDesignedLine), 1);
+    return scaled(designPixels * std::max(growth, 1.0));
+}
+
+void ucInfo::sizeChanged() {
+    // The layout that asked for this size goes on with it.
+    if (!m_isAskingForSize) layOut();
+}
+
+void ucInfo::layOut() {
+    if (host() == nullptr) return;
+    if (height() != fittingHeight()) {
+        m_isAskingForSize = true;
+        host()->requestSize(width(), fittingHeight());
+        m_isAskingForSize = false;
+    }
+    placePanes();
+    repaint();
+    Resize.raise();
+}
+
+void ucInfo::placePanes() {
+    const int right = width();
+    const int bottom = fittingHeight();
+    const int gripLeft = right - (host()->isWindowMaximized() ? 0 : scaled(kGripWidth));
+    const int infoLeft = gripLeft - paneWidth(kInfoAndZoom);
+    const int zoomLeft = gripLeft - paneWidth(kZoomAlone);
+    const int top = scaled(kPaneTop);
+    m_control = {0, 0, right, std::max(bottom, height())};
+    m_grip = {gripLeft, 0, right, bottom};
+    m_panes = {
+        {{0, top, infoLeft, bottom}, {infoLeft, top, zoomLeft, bottom}, {zoomLeft, top, gripLeft, bottom}}};
+    std::ranges::transform(m_panes, m_textRects.begin(), [this](const Rect& pane) {
+        return Rect{pane.left + scaled(kTextLeft), pane.top + scaled(kTextTop),
+                    pane.right - scaled(kTextRight), pane.bottom};
+    });
+}
+
+void ucInfo::repaint() {
+    auto target = image();
+    if (!target) return;
+    target->FillRect(m_control, GetSysColor(SystemColor::ButtonFace));
+    target->FillRect(m_panes[kFile], GetSysColor(SystemColor::Window));
+    for (const Rect& pane : m_panes) target->DrawEdge(pane, Edge::SunkenOuter, lineWidth());
+    target->DrawSizeGrip(m_grip, lineWidth());
+    for (std::size_t pane = 0; pane < kPanes; ++pane) {
+        const Color color = GetSysColor(pane == kFile ? SystemColor::WindowText : SystemColor::ButtonText);
+        DrawTextA(*target, m_textRects[pane], m_texts[pane], kFont, scale(), color, DT_LEFT);
+    }
+    showAll();
+}
+
+bool ucInfo::isOnGrip(const PointerInput& input) const {
+    return input.x >= static_cast<float>(m_grip.left);
+}
+
+void ucInfo::pointerPressed(const PointerInput& input) {
+    if (host() != nullptr && isOnGrip(input)) host()->startWindowSizing();
+}
+
+void ucInfo::pointerMoved(const PointerInput& input) {
+    if (host() == nullptr) return;
+    host()->setCursor(isOnGrip(input) ? Cursor::SizeNorthWestSouthEast : Cursor::Default);
+}
+
+std::string ucInfo::accessibleValue() const {
+    std::string value;
+    for (const std::string& text : m_texts) {
+        if (!text.empty()) value += (value.empty() ? "" : ", ") + text;
+    }
+    return value;
+}
+
+}  // namespace mobrel
