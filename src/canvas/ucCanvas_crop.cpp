@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+// The crop frame: its dotted rectangle while it is dragged, and the menu on it.
+#include <algorithm>
+#include <array>
+
+#include "canvas/ucCanvas.hpp"
+
+namespace mobrel {
+
+namespace {
+
+constexpr std::array<MenuLine, 5> kCropMenu{{{"Crop"}, {"Copy"}, {"-"}, {"Remove frame"}, {"Cancel"}}};
+enum CropLine { kCrop = 0, kCopy = 1, kRemoveFrame = 3 };
+
+Rect around(const Rect& a, const Rect& b) {
+    return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
+            std::max(a.bottom, b.bottom)};
+}
+
+}  // namespace
+
+/// Inverts; a second call takes it away.
+void ucCanvas::drawRubberBand(DeviceContext& target) {
+    target.DrawFocusRect(m_rubberRect, std::max(scaled(1), 1));
+}
+
+/// kept: a frame without width or height has no rectangle, so the last one stays on the screen.
+void ucCanvas::dragFrame(const ViewPlace& place) {
+    const Point start = toImage({m_lastX, m_lastY});
+    const Point end = toImage(rounded(place));
+    m_frame.SetFrameRect(start.x, start.y, end.x, end.y, false);
+    const auto scaledFrame = m_frame.GetFrameRect(true);
+    if (!scaledFrame) return;
+
+    const Rect earlier = m_rubberRect;
+    auto target = viewTarget();
+    if (target) drawRubberBand(*target);
+    m_rubberRect = FrameToView(*scaledFrame);
+    if (target) drawRubberBand(*target);
+    showInView(around(earlier, m_rubberRect));
+}
+
+void ucCanvas::eraseRubberBand() {
+    if (!hasRubberBand()) return;
+    if (auto target = viewTarget()) drawRubberBand(*target);
+    showInView(m_rubberRect);
+    m_rubberRect = kNoRubberRect;
+}
+
+void ucCanvas::finishFrame() {
+    m_frame.Crop();
+    const auto scaledFrame = m_frame.GetFrameRect(true);
+    auto target = viewTarget();
+    if (!target || !scaledFrame) return;
+    paintFrame(*target);
+    showInView(FrameToView(*scaledFrame));
+}
+
+void ucCanvas::showCropMenu(const Point& view) {
+    if (host() == nullptr) return;
+    mnuCrop(host()->popUp(kCropMenu, m_iCanvas.left + view.x, m_iCanvas.top + view.y));
+}
+
+void ucCanvas::mnuCrop(int Index) {
+    switch (Index) {
+        case kCrop:
+            return cropPicture();
+        case kCopy:
+            return copyFrame();
+        case kRemoveFrame:
+            RemoveCropRectangle();
+            return Repaint();
+        default:
+            return;
+    }
+}
+
+/// A picture whose part finds no memory stays as it is.
+void ucCanvas::cropPicture() {
+    cDIB tempDIB;
+    if (!loadFramedPart(tempDIB)) return;
+    if (DIB.Create(tempDIB.Width(), tempDIB.Height(), 0)) DIB.LoadBlt(*tempDIB.hDIBDC());
+    m_frame.Clear();
+    Resize();
+    Repaint();
+    CropDone.raise();
+}
+
+void ucCanvas::copyFrame() {
+    cDIB tempDIB;
+    if (m_clipboard != nullptr && loadFramedPart(tempDIB)) tempDIB.CopyToClipboard(*m_clipboard);
+}
+
+/// False when there is no picture, no frame or no memory.
+bool ucCanvas::loadFramedPart(cDIB& part) const {
+    const auto frame = m_frame.GetFrameRect(false);
+    if (!hasPicture() || !frame) return false;
+    const auto [left, top, right, bottom] = *frame;
+    if (!part.Create(limited(std::int64_t{right} - left), limited(std::int64_t{bottom} - top), 0)) {
+        return false;
+    }
+    part.LoadBlt(*DIB.hDIBDC(), left, top);
+    return true;
+}
+
+}  // namespace mobrel
