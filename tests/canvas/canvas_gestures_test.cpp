@@ -49,6 +49,10 @@ TEST(ucCanvas, MapsFittedPlacesByTheRatio) {
     on.press(-1, 6, kRight);
     on.release(12, 30, kRight);
     EXPECT_EQ(on.events(), (Events{"move 0 0: 86 0", "down 2 0: -3 -3", "up 2 0: 35 68"}));
+    CanvasOnHost upright(5, 5, 5, 10);  // 2.5 x 5, of which the height tells the ratio
+    upright.canvas.setFitMode(true);
+    upright.canvas.Resize();
+    EXPECT_EQ(upright.canvas.accessibleValue(), "5 x 10, 50 %");
 }
 
 TEST(ucCanvas, TakesAPressInTheMarginAsOneOnThePicture) {
