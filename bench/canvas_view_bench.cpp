@@ -30,11 +30,6 @@ namespace {
 constexpr Size kView{1000, 700};
 constexpr int kFit = 0;
 
-struct Plan {
-    std::vector<Size> sizes;
-    int rounds = 50;
-};
-
 /// The part of the view that a picture takes, which is centred.
 Rect placeIn(const cDIB& picture, const ucCanvas& canvas) {
     if (canvas.FitMode()) {
@@ -161,17 +156,11 @@ bool measurePicture(const Size& size, int rounds) {
 }
 
 /// Nothing when an argument is not understood.
-std::optional<Plan> planOf(int argc, char** argv) {
-    Plan plan;
+std::optional<Measure> planOf(int argc, char** argv) {
+    constexpr int kRounds = 50;
+    Measure plan{{}, kRounds};
     for (int i = 1; i < argc; ++i) {
-        const std::string_view argument = argv[i];
-        const auto sizeText = valueOf(argument, kSizeOption);
-        const auto roundsText = valueOf(argument, kRoundsOption);
-        const auto size = sizeText ? sizeOf(*sizeText) : std::nullopt;
-        const auto rounds = roundsText ? positiveNumber(*roundsText) : std::nullopt;
-        if (!size && !rounds) return std::nullopt;
-        if (size) plan.sizes.push_back(*size);
-        plan.rounds = rounds.value_or(plan.rounds);
+        if (!takeArgument(argv[i], plan).value_or(false)) return std::nullopt;
     }
     if (plan.sizes.empty()) plan.sizes = {{4000, 3000}, {10000, 10000}};
     return plan;

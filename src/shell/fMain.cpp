@@ -98,6 +98,7 @@ void fMain::Unload() {
 }
 
 void fMain::connectCanvas() {
+    Canvas.setClipboard(m_desktop.clipboard);
     Canvas.DIBProgress.connect([this](std::int32_t value) { Progress.setValue(value); });
     Canvas.DIBProgressEnd.connect([this] {
         Progress.setValue(0);
