@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: MIT
+// Items and their selection.
+#include "controls/ucCoolList.hpp"
+
+#include <algorithm>
+
+#include "platform/NumberText.hpp"
+
+namespace mobrel {
+
+ucCoolList::ucCoolList() {
+    m_scroll.setMax(0);
+    m_scroll.Change.connect([this] { scrolled(); });
+}
+
+void ucCoolList::SetImageList(std::shared_ptr<const ImageList> Source) {
+    m_imageList = std::move(Source);
+    repaint();
+}
+
+void ucCoolList::setProperties(ucCoolListProperties value) {
+    m_properties = std::move(value);
+    showCursor();
+    layout();
+}
+
+void ucCoolList::setDesignName(std::string name) {
+    m_designName = std::move(name);
+    repaint();
+}
+
+void ucCoolList::setEnabled(bool value) {
+    m_properties.Enabled = value;
+    if (value) return;
+    m_isMouseDown = false;
+    closeEdit();
+}
+
+const ucCoolList::Item& ucCoolList::itemAt(int index) const {
+    if (!isItem(index)) throw RuntimeError(ErrorNumber::InvalidPropertyIndex);
+    return m_items[static_cast<std::size_t>(index)];
+}
+
+/// A place where an item stands or may be put.
+void ucCoolList::checkPlace(int index) const {
+    if (ListCount() == 0 || index < 0 || index > ListCount()) {
+        throw RuntimeError(ErrorNumber::InvalidPropertyIndex);
+    }
+}
+
+void ucCoolList::tellAccessible() {
+    if (host() != nullptr) host()->accessibleChanged();
+}
+
+void ucCoolList::AddItem(std::string_view Text, std::int16_t Icon, std::int16_t IconSelected) {
+    const int added = ListCount();
+    m_items.back() = {std::string(Text), Icon, IconSelected};
+    m_items.emplace_back();
+    m_selected.push_back(false);
+    if (m_topIndex < 0) m_topIndex = 0;
+    layoutScrollBar();
+    drawRow(added);
+    tellAccessible();
+}
+
+void ucCoolList::InsertItem(int Index, std::string_view Text, std::int16_t Icon, std::int16_t IconSelected) {
+    checkPlace(Index);
+    m_items.insert(m_items.begin() + Index, Item{std::string(Text), Icon, IconSelected});
+    m_selected.insert(m_selected.begin() + Index, false);
+    layoutScrollBar();
+    if (m_listIndex >= Index) {
+        m_scrollsIntoView = false;
+        setListIndex(m_listIndex + 1);
+    }
+    repaint();
+    tellAccessible();
+}
+
+void ucCoolList::ModifyItem(int Index, std::optional<std::string_view> Text, std::int16_t Icon,
+                            std::int16_t IconSelected) {
+    checkPlace(Index);
+    Item& item = m_items[static_cast<std::size_t>(Index)];
+    // kept: a text that is the number 0 counts as not given, so "0" can only be set by ItemText
+    if (Text && numberOf(*Text) != 0.0) item.Text = *Text;
+    if (Icon >= 0) item.Icon = Icon;
+    if (IconSelected >= 0) item.IconSelected = IconSelected;
+    drawRow(Index);
+    tellAccessible();
+}
+
+void ucCoolList::RemoveItem(int Index) {
+    if (!isItem(Index)) throw RuntimeError(ErrorNumber::InvalidPropertyIndex);
+    m_items.erase(m_items.begin() + Index);
+    m_selected.erase(m_selected.begin() + Index);
+    if (m_listIndex == Index) {
+        setListIndex(-1);
+    } else if (m_listIndex > Index) {
+        m_scrollsIntoView = false;
+        setListIndex(m_listIndex - 1);
+    }
+    layoutScrollBar();
+    repaint();
+    tellAccessible();
+}
+
+void ucCoolList::Clear() {
+    closeEdit();
+    m_items.assign(1, {});
+    m_selected.assign(1, false);
+    m_listIndex = -1;
+    layoutScrollBar();
+    if (ListCount() == 0) m_topIndex = -1;  // a handler of Scroll may have filled it again
+    repaint();
+    tellAccessible();
+}
+
+void ucCoolList::setListIndex(int value) {
+    if (value < -1 || value >= ListCount()) throw RuntimeError(ErrorNumber::InvalidPropertyValue);
+    closeEdit();
+    const int previous = std::exchange(m_listIndex, value);
+    if (value < 0) m_lastMouseY = -1;
+    if (!isMultiple()) {
+        if (isItem(previous)) m_selected[static_cast<std::size_t>(previous)] = false;
+        if (isItem(value)) m_selected[static_cast<std::size_t>(value)] = true;
+    }
+    drawRow(previous);
+    drawRow(value);
+    if (std::exchange(m_scrollsIntoView, true)) bringIntoView();
+    tellAccessible();
+    ListIndexChange.raise();
+}
+
+int ucCoolList::SelectedCount() const {
+    return static_cast<int>(std::ranges::count(m_selected, true));
+}
+
+bool ucCoolList::ItemSelected(int Index) const {
+    itemAt(Index);
+    return m_selected[static_cast<std::size_t>(Index)];
+}
+
+void ucCoolList::setItemText(int Index, std::string_view value) {
+    itemAt(Index);
+    m_items[static_cast<std::size_t>(Index)].Text = value;
+    drawRow(Index);
+    tellAccessible();
+}
+
+void ucCoolList::setItemIcon(int Index, std::int16_t value) {
+    itemAt(Index);
+    m_items[static_cast<std::size_t>(Index)].Icon = value;
+    drawRow(Index);
+}
+
+void ucCoolList::setItemIconSelected(int Index, std::int16_t value) {
+    itemAt(Index);
+    m_items[static_cast<std::size_t>(Index)].IconSelected = value;
+    drawRow(Index);
+}
+
+void ucCoolList::setItemSelected(int Index, bool value) {
+    itemAt(Index);
+    m_selected[static_cast<std::size_t>(Index)] = value;
+    drawRow(Index);
+    tellAccessible();
+}
+
+std::string ucCoolList::accessibleValue() const {
+    return isItem(m_listIndex) ? itemAt(m_listIndex).Text : std::string();
+}
+
+std::string ucCoolList::accessibleItemText(int item) const {
+    return isItem(item) ? itemAt(item).Text : std::string();
+}
+
+bool ucCoolList::isAccessibleItemSelected(int item) const {
+    return isItem(item) && m_selected[static_cast<std::size_t>(item)];
+}
+
+void ucCoolList::selectAccessibleItem(int item) {
+    if (!isItem(item) || !m_properties.Enabled) return;
+    m_selected[static_cast<std::size_t>(item)] = true;
+    setListIndex(item);
+    Click.raise();
+}
+
+Rect ucCoolList::accessibleItemRect(int item) const {
+    return isItem(item) && isRowVisible(item) ? inImage(rowRect(item)) : Rect{};
+}
+
+}  // namespace mobrel

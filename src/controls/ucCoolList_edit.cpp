@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+// Editing a text in place.
+#include <algorithm>
+
+#include "controls/ucCoolList.hpp"
+
+namespace mobrel {
+
+void ucCoolList::StartEdit() {
+    if (m_listIndex < 0 || host() == nullptr) return;
+    closeEdit();
+    bringIntoView();
+    if (!isItem(m_listIndex) || !isRowVisible(m_listIndex)) return;
+    m_scrollsIntoView = false;
+    connectEditBox();
+
+    const bool looksSelected = ItemSelected(m_listIndex) && m_properties.SelectModeStyle != ListLook::Bold;
+    EditBox::Look look;
+    look.place = editPlace();
+    look.font = m_properties.Font;
+    look.background = OleTranslateColor(looksSelected ? m_properties.BackSelected : m_properties.BackNormal);
+    look.text = OleTranslateColor(looksSelected ? m_properties.FontSelected : m_properties.FontNormal);
+    look.alignment = m_properties.WordWrap ? static_cast<unsigned>(m_properties.Alignment) : DT_LEFT;
+    look.wrapsLines = m_properties.WordWrap;
+    m_isEditing = true;
+    host()->editBox().open(ItemText(m_listIndex), look);
+}
+
+/// In the image.
+Rect ucCoolList::editPlace() const {
+    const Rect row = rowRect(m_listIndex);
+    Rect place = textRect(row);
+    if (m_properties.WordWrap) {
+        const int offset = scaled(m_properties.ItemOffset);
+        place.left += offset;
+        place.right -= offset;
+    } else {
+        const int line = lineHeight(m_properties.Font, scale());
+        place.top = row.top + (m_rowHeight - line) / 2;
+        place.bottom = place.top + line;
+    }
+    place.right = std::max(place.right, place.left + 1);
+    place.bottom = std::max(place.bottom, place.top + 1);
+    return inImage(place);
+}
+
+void ucCoolList::connectEditBox() {
+    if (m_editConnection) return;
+    m_editConnection = std::make_shared<const bool>(true);
+    EditBox& box = host()->editBox();
+    box.KeyDown.connect([this, connection = std::weak_ptr(m_editConnection)](std::int16_t keyCode) {
+        if (!connection.expired()) editKeyPressed(keyCode);
+    });
+    box.LostFocus.connect([this, connection = std::weak_ptr(m_editConnection)] {
+        if (!connection.expired()) closeEdit();
+    });
+}
+
+void ucCoolList::editKeyPressed(std::int16_t keyCode) {
+    if (!m_isEditing || (keyCode != KeyCode::kEnter && keyCode != KeyCode::kEscape)) return;
+    if (keyCode == KeyCode::kEnter && isItem(m_listIndex)) {
+        m_items[static_cast<std::size_t>(m_listIndex)].Text = host()->editBox().Text();
+    }
+    closeEdit();
+    setListIndex(-1);
+}
+
+void ucCoolList::EndEdit(bool Save) {
+    if (Save) {
+        editKeyPressed(KeyCode::kEnter);
+    } else {
+        closeEdit();
+    }
+}
+
+/// Hides the editor, whose loss of the keyboard comes back here.
+void ucCoolList::closeEdit() {
+    if (!std::exchange(m_isEditing, false)) return;
+    if (host() != nullptr) host()->editBox().close();
+}
+
+}  // namespace mobrel

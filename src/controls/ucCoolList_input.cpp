@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: MIT
+// Pointer, wheel and keys.
+#include <algorithm>
+
+#include "controls/ucCoolList.hpp"
+
+namespace mobrel {
+
+namespace {
+
+// A notch of the wheel scrolls three rows.
+constexpr int kWheelUnitsPerRow = 40;
+
+// Milliseconds.
+constexpr double kStepTimePerPixel = 20;
+constexpr double kLongestStepTime = 500;
+constexpr double kShortestStepTime = 40;
+
+/// MousePointer's number of the cursor that sizes by a corner.
+constexpr std::int16_t kSizeNorthWestSouthEast = 8;
+
+}  // namespace
+
+void ucCoolList::setMousePointer(std::int16_t value) {
+    m_properties.MousePointer = value;
+    showCursor();
+}
+
+void ucCoolList::showCursor() {
+    if (host() == nullptr) return;
+    const bool isSizing = m_properties.MousePointer == kSizeNorthWestSouthEast;
+    host()->setCursor(isSizing ? Cursor::SizeNorthWestSouthEast : Cursor::Default);
+}
+
+PointerInput ucCoolList::onSurface(const PointerInput& input) const {
+    const auto edge = static_cast<float>(border());
+    return {input.button, input.shift, input.x - edge, input.y - edge};
+}
+
+bool ucCoolList::isOnSurface(const PointerInput& place) const {
+    return place.x >= 0 && place.x < static_cast<float>(surfaceWidth()) && place.y >= 0 &&
+           place.y < static_cast<float>(surfaceHeight());
+}
+
+void ucCoolList::pointerPressed(const PointerInput& input) {
+    const PointerInput place = onSurface(input);
+    if (!m_properties.Enabled || !isOnSurface(place)) return;
+    if (place.button != MouseButton::kRight) {
+        m_isMouseDown = true;
+        if (host() != nullptr) host()->captureMouse();
+        if (const auto item = itemUnder(place.y)) pressRow(*item, place.y);
+    }
+    MouseDown.raise(place.button, place.shift, place.x, place.y);
+}
+
+void ucCoolList::pressRow(int item, float y) {
+    const auto index = static_cast<std::size_t>(item);
+    m_selected[index] = !isMultiple() || !m_selected[index];
+    if (isMultiple()) m_dragValue = m_selected[index];
+    m_lastMouseY = y;
+    setListIndex(item);
+}
+
+void ucCoolList::pointerMoved(const PointerInput& input) {
+    if (!m_properties.Enabled) return;
+    const PointerInput place = onSurface(input);
+    m_mouseY = place.y;
+    if (place.button == MouseButton::kNone) m_isMouseDown = false;  // its release went to another window
+    if (isOutside(place.y)) {
+        autoScroll();
+    } else if (m_properties.HoverSelection || m_isMouseDown) {
+        dragTo(place.y);
+    }
+    MouseMove.raise(place.button, place.shift, place.x, place.y);
+}
+
+void ucCoolList::dragTo(float y) {
+    const auto item = itemUnder(y);
+    if (!item || visibleRowAt(y) == visibleRowAt(m_lastMouseY)) return;
+    m_selected[static_cast<std::size_t>(*item)] = m_dragValue;
+    m_lastMouseY = y;
+    setListIndex(*item);
+}
+
+bool ucCoolList::isOutside(float y) const {
+    return y < 0 || y >= static_cast<float>(surfaceHeight());
+}
+
+/// Runs while the button is down and the pointer outside. Moves come in nested from the pending events; they
+/// only tell this one loop where the pointer is.
+void ucCoolList::autoScroll() {
+    if (m_isAutoScrolling || !m_isMouseDown || host() == nullptr) return;
+    m_isAutoScrolling = true;
+    std::uint32_t lastStep = host()->GetTickCount();
+    while (host() != nullptr && m_isMouseDown && isOutside(m_mouseY)) {
+        const std::uint32_t now = host()->GetTickCount();
+        if (now - lastStep > stepTime()) {
+            lastStep = now;
+            stepOutwards();
+        }
+        if (host() != nullptr) host()->runPendingEvents();
+    }
+    m_isAutoScrolling = false;
+}
+
+/// Milliseconds from step to step: the farther outside, the fewer.
+double ucCoolList::stepTime() const {
+    const double above = m_mouseY / scale();
+    const double below = (m_mouseY - static_cast<float>(surfaceHeight())) / scale();
+    const double time = m_mouseY < 0 ? (above + kLongestStepTime / kStepTimePerPixel) * kStepTimePerPixel
+                                     : kLongestStepTime - (below - 1) * kStepTimePerPixel;
+    return std::max(time, kShortestStepTime);
+}
+
+void ucCoolList::stepOutwards() {
+    const int next = m_listIndex + (m_mouseY < 0 ? -1 : 1);
+    if (!isItem(next)) return;
+    if (isMultiple()) m_selected[static_cast<std::size_t>(next)] = m_dragValue;
+    setListIndex(next);
+}
+
+void ucCoolList::pointerReleased(const PointerInput& input) {
+    const bool wasPressed = std::exchange(m_isMouseDown, false);
+    m_dragValue = true;
+    if (!m_properties.Enabled) return;
+    const PointerInput place = onSurface(input);
+    MouseUp.raise(place.button, place.shift, place.x, place.y);
+    if (wasPressed && isOnSurface(place) && m_listIndex > -1) Click.raise();
+}
+
+/// Stands in for the second press.
+void ucCoolList::pointerDoubleClicked(const PointerInput& input) {
+    if (m_properties.Enabled && isOnSurface(onSurface(input)) && m_listIndex > -1) DblClick.raise();
+}
+
+void ucCoolList::wheelTurned(const WheelInput& input) {
+    if (!m_properties.Enabled || !m_hasScrollBar) return;
+    const bool hasTurnedBack = (m_wheelRest < 0) != (input.vertical < 0);
+    m_wheelRest = hasTurnedBack ? input.vertical : m_wheelRest + input.vertical;
+    const int rows = m_wheelRest / kWheelUnitsPerRow;
+    m_wheelRest %= kWheelUnitsPerRow;
+    if (rows != 0) m_scroll.setValue(m_scroll.Value() - rows);
+}
+
+bool ucCoolList::keyPressed(const KeyInput& input) {
+    if (!m_properties.Enabled) return false;
+    const bool isOwn = isItem(m_listIndex) && obeyKey(input.keyCode);
+    KeyDown.raise(input.keyCode, input.shift);
+    return isOwn;
+}
+
+/// True when the key means something to the list. There is a current item.
+bool ucCoolList::obeyKey(std::int16_t keyCode) {
+    const int last = ListCount() - 1;
+    switch (keyCode) {
+        case KeyCode::kUp:
+            if (m_listIndex > 0) setListIndex(m_listIndex - 1);
+            return true;
+        case KeyCode::kDown:
+            if (m_listIndex < last) setListIndex(m_listIndex + 1);
+            return true;
+        case KeyCode::kPageUp:
+            setListIndex(std::max(m_listIndex - m_visibleRows, 0));
+            return true;
+        case KeyCode::kPageDown:
+            setListIndex(std::min(m_listIndex + m_visibleRows, last));
+            return true;
+        case KeyCode::kHome:
+            setListIndex(0);
+            return true;
+        case KeyCode::kEnd:
+            setListIndex(last);
+            return true;
+        case KeyCode::kSpace:
+            if (isMultiple()) setItemSelected(m_listIndex, !ItemSelected(m_listIndex));
+            Click.raise();
+            return true;
+        default:
+            return false;
+    }
+}
+
+void ucCoolList::keyReleased(const KeyInput& input) {
+    if (m_properties.Enabled) KeyUp.raise(input.keyCode, input.shift);
+}
+
+void ucCoolList::keyTyped(char32_t character) {
+    if (m_properties.Enabled) KeyPress.raise(character);
+}
+
+void ucCoolList::focusChanged(bool hasFocus) {
+    m_hasFocus = hasFocus;
+    drawRow(m_listIndex);
+}
+
+}  // namespace mobrel
