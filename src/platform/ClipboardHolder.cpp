@@ -16,9 +16,7 @@
 #include <climits>
 #include <csignal>
 #include <cstdio>
-#include <cstdlib>
 #include <exception>
-#include <filesystem>
 #include <optional>
 #include <span>
 #include <stdexcept>
@@ -38,11 +36,6 @@ constexpr int kFirstFreeDescriptor = kHolderAnswerDescriptor + 1;
 
 [[noreturn]] void throwSystemError(int errnoValue, const char* what) {
     throw std::system_error(errnoValue, std::generic_category(), what);
-}
-
-bool isSet(const char* variable) {
-    const char* const value = std::getenv(variable);
-    return value != nullptr && *value != '\0';
 }
 
 // The numbers below are the holder's: a descriptor that has one of them would be overwritten in its start.
@@ -107,14 +100,10 @@ Pipe makePipe() {
     return made;
 }
 
-// Beside this program, or where an installed one has its helpers.
 std::string holderProgram() {
-    const std::filesystem::path folder = std::filesystem::read_symlink("/proc/self/exe").parent_path();
-    for (const char* const place : {".", "../lib/mobrel", "../libexec/mobrel"}) {
-        std::string program = (folder / place / "mobrel-clipboard").lexically_normal();
-        if (::access(program.c_str(), X_OK) == 0) return program;
-    }
-    throw std::runtime_error("the program mobrel-clipboard is missing");
+    std::string program = helperFile("mobrel-clipboard");
+    if (program.empty()) throw std::runtime_error("the program mobrel-clipboard is missing");
+    return program;
 }
 
 /// How the holder starts: with the two descriptors and nothing else of this process, as a session of its
@@ -208,8 +197,8 @@ bool hold(const PictureView& picture) {
 
 bool holdPictureOnClipboard(const PictureView& picture) noexcept {
     if (!PixelBuffer::isValidSize(picture.width, picture.height)) return false;
-    if (!isSet("DISPLAY")) {
-        if (isSet("WAYLAND_DISPLAY")) {
+    if (!isVariableSet("DISPLAY")) {
+        if (isVariableSet("WAYLAND_DISPLAY")) {
             std::fputs("mobrel: under Wayland without X the picture is not put on the clipboard\n", stderr);
         }
         return false;

@@ -307,6 +307,16 @@ std::string programFolder() {
     return trimmed.empty() ? "/" : std::string(trimmed);
 }
 
+std::string helperFile(std::string_view name) {
+    std::error_code error;
+    const std::filesystem::path folder = std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+    for (const char* const place : {".", "../lib/mobrel", "../libexec/mobrel"}) {
+        std::string file = (folder / place / name).lexically_normal();
+        if (::access(file.c_str(), R_OK) == 0) return file;
+    }
+    return {};
+}
+
 std::optional<std::string> environmentValue(std::string_view name) {
     std::optional<std::string> other;
     for (char** entry = environ; entry != nullptr && *entry != nullptr; ++entry) {
@@ -318,6 +328,11 @@ std::optional<std::string> environmentValue(std::string_view name) {
         if (!other && equalIgnoringCase(entryName, name)) other = text.substr(separator + 1);
     }
     return other;
+}
+
+bool isVariableSet(const char* name) noexcept {
+    const char* const value = std::getenv(name);
+    return value != nullptr && *value != '\0';
 }
 
 }  // namespace mobrel

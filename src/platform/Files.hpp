@@ -170,8 +170,15 @@ std::string folderOf(const std::string& path);
 /// empty, else the folder of the executable. Without a separator at its end, except for the root.
 std::string programFolder();
 
+/// A helper of the programs, such as "mobrel-clipboard": beside this executable, or where an installed one
+/// has its helpers. Empty when there is none that can be read.
+std::string helperFile(std::string_view name);
+
 /// A variable of the environment. The name counts as it is written; where there is none of that
 /// spelling, the first that differs only in the case of ASCII letters.
 std::optional<std::string> environmentValue(std::string_view name);
+
+/// Whether a variable of the environment, spelt so, says anything.
+bool isVariableSet(const char* name) noexcept;
 
 }  // namespace mobrel

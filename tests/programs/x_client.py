@@ -21,14 +21,14 @@ PATIENCE = 60  # seconds until a test counts as stuck
 
 
 class XServer:
-    """A server without a screen, on a display that is free."""
+    """A server whose screen nobody sees, on a display that is free."""
 
-    def __init__(self):
+    def __init__(self, screen="64x64x24"):
         if not shutil.which("Xvfb"):
             raise RuntimeError("Xvfb is missing (Debian: xvfb)")
         reader, writer = os.pipe()
         self.process = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(writer), "-noreset", "-nolisten", "tcp", "-screen", "0", "64x64x24"],
+            ["Xvfb", "-displayfd", str(writer), "-noreset", "-nolisten", "tcp", "-screen", "0", screen],
             pass_fds=[writer], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
             stderr=subprocess.DEVNULL)
         os.close(writer)

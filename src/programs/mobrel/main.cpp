@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The picture stage of a host program: no arguments, one task, end.
+#include "platform/DesktopModule.hpp"
 #include "platform/Process.hpp"
 #include "platform/RuntimeError.hpp"
 #include "shell/fMain.hpp"
@@ -7,9 +8,11 @@
 int main() {
     using namespace mobrel;
     turnWriteSignalsIntoErrors();
+    const Desktop desktop = desktopOnDemand();
+    fMain::setGlobalDesktop(desktop);
     fMain& window = fMain::Global();
     if (const auto text = fatalErrorOf([&] { window.Load(); })) {
-        consoleDesktop().windows->message(*text, MessageIcon::Critical, MessageButtons::Ok);
+        desktop.windows->message(*text, MessageIcon::Critical, MessageButtons::Ok);
         deleteTerminationFiles();
         return 1;
     }

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/Application.hpp"
+
+#include "desktop/ControlAccessible.hpp"
+#include "desktop/LostDisplay.hpp"
+
+namespace mobrel {
+
+Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
+    setApplicationDisplayName("Mobrel");
+    setQuitOnLastWindowClosed(false);
+    setSystemColors(&m_colors);
+    setTextService(&m_text);
+    installControlAccessibility();
+}
+
+Application::~Application() {
+    setTextService(nullptr);
+    setSystemColors(nullptr);
+}
+
+int Application::run() {
+    const RunningEvents running;
+    return exec();
+}
+
+}  // namespace mobrel

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/Boundary.hpp"
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+#include "desktop/MessageBox.hpp"
+#include "platform/Process.hpp"
+
+namespace mobrel {
+
+void endWithError(std::string_view text) {
+    static bool isEnding = false;
+    if (!isEnding) {
+        isEnding = true;
+        showMessage(text, MessageIcon::Critical, MessageButtons::Ok);
+    } else {
+        std::fprintf(stderr, "mobrel: %s\n", std::string(text).c_str());
+    }
+    deleteTerminationFiles();
+    std::fflush(nullptr);
+    std::_Exit(1);  // frames of the toolkit are still on the stack
+}
+
+}  // namespace mobrel

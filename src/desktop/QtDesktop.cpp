@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/QtDesktop.hpp"
+
+#include <QCursor>
+#include <QGuiApplication>
+
+#include "desktop/LostDisplay.hpp"
+#include "desktop/MessageBox.hpp"
+
+namespace mobrel {
+
+namespace {
+
+class QtWindows final : public Windows {
+ public:
+    MessageAnswer message(std::string_view text, MessageIcon icon, MessageButtons buttons) override {
+        return showMessage(text, icon, buttons);
+    }
+
+    // There is none yet; the words for that are the console's.
+    bool showDialog(std::string_view name, int id) override {
+        return consoleDesktop().windows->showDialog(name, id);
+    }
+
+    void setHourglass(bool on) override {
+        if (on == m_isHourglass) return;
+        m_isHourglass = on;
+        if (on) {
+            QGuiApplication::setOverrideCursor(QCursor(Qt::WaitCursor));
+        } else {
+            QGuiApplication::restoreOverrideCursor();
+        }
+    }
+
+ private:
+    bool m_isHourglass = false;
+};
+
+class QtPendingEvents final : public PendingEvents {
+ public:
+    void run() override {
+        const RunningEvents running;
+        QCoreApplication::processEvents();
+    }
+};
+
+}  // namespace
+
+Desktop qtDesktop() {
+    static QtWindows windows;
+    static QtPendingEvents pendingEvents;
+    return {&windows, consoleDesktop().clipboard, &pendingEvents};
+}
+
+}  // namespace mobrel
