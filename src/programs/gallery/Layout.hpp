@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+// How the parts of the gallery stand.
+#pragma once
+
+#include <QGridLayout>
+#include <QString>
+#include <QWidget>
+
+namespace mobrel::gallery {
+
+/// A widget with a caption over it, which is its accessible name too.
+QWidget* captioned(const QString& caption, QWidget* shown);
+
+/// The layout of a section.
+QGridLayout* gridIn(QWidget* section);
+
+}  // namespace mobrel::gallery

@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: MIT
+#include "programs/gallery/Sections.hpp"
+
+#include <QGridLayout>
+#include <QTimer>
+#include <array>
+
+#include "canvas/ucCanvas.hpp"
+#include "controls/frmValueTip.hpp"
+#include "controls/ucInfo.hpp"
+#include "controls/ucProgress.hpp"
+#include "controls/zenSlider.hpp"
+#include "programs/gallery/Layout.hpp"
+#include "programs/gallery/Pictures.hpp"
+#include "programs/gallery/SampleWidget.hpp"
+
+namespace mobrel::gallery {
+
+namespace {
+
+SampleWidget<zenSlider>* makeSlider(SliderOrientation orientation, SliderRail rail) {
+    auto* const widget = new SampleWidget<zenSlider>;
+    const bool isHorizontal = orientation == SliderOrientation::Horizontal;
+    zenSlider& slider = widget->shown();
+    slider.setOrientation(orientation);
+    if (isHorizontal) {
+        widget->setFixedWidth(150);
+        slider.setRailPicture(railPicture(146, 8));
+    } else {
+        widget->setFixedHeight(100);
+        slider.setRailPicture(railPicture(8, 96));
+    }
+    slider.setRailStyle(rail);
+    slider.setMax(20);
+    slider.setValue(8);
+    return widget;
+}
+
+SampleWidget<ucCanvas>* makeCanvas(bool isFitted, int zoom) {
+    auto* const widget = new SampleWidget<ucCanvas>;
+    widget->setFixedSize(240, 180);
+    ucCanvas& canvas = widget->shown();
+    drawLandscape(canvas.DIB);
+    canvas.setFitMode(isFitted);
+    canvas.setZoom(zoom);
+    canvas.Resize();
+    return widget;
+}
+
+/// Draws a crop frame as a user does, once the window stands.
+void drawFrameLater(SampleWidget<ucCanvas>* widget) {
+    auto* const timer = new QTimer(widget);
+    timer->setSingleShot(true);
+    QObject::connect(timer, &QTimer::timeout, widget, [widget] {
+        ucCanvas& canvas = widget->shown();
+        canvas.setWorkMode(ucCanvas::kCropMode);
+        const auto place = [&](double x, double y) {
+            return PointerInput{MouseButton::kLeft, 0, static_cast<float>(x * canvas.width()),
+                                static_cast<float>(y * canvas.height())};
+        };
+        canvas.pointerPressed(place(0.25, 0.3));
+        canvas.pointerMoved(place(0.7, 0.75));
+        canvas.pointerReleased(place(0.7, 0.75));
+    });
+    timer->start(0);
+}
+
+}  // namespace
+
+QWidget* makeSliders() {
+    constexpr std::array kRails = {std::pair("Sunken", SliderRail::Sunken),
+                                   std::pair("Raised", SliderRail::Raised),
+                                   std::pair("Sunken, thin", SliderRail::SunkenOuter),
+                                   std::pair("Raised, thin", SliderRail::RaisedInner),
+                                   std::pair("No edge", SliderRail::NoEdge),
+                                   std::pair("Picture", SliderRail::Picture)};
+    auto* const section = new QWidget;
+    QGridLayout* const grid = gridIn(section);
+    int place = 0;
+    for (const auto& [name, rail] : kRails) {
+        grid->addWidget(captioned(name, makeSlider(SliderOrientation::Horizontal, rail)), place / 3,
+                        place % 3);
+        grid->addWidget(captioned(name, makeSlider(SliderOrientation::Vertical, rail)), 0, 3 + place, 2, 1);
+        ++place;
+    }
+    grid->setColumnStretch(9, 1);
+    return section;
+}
+
+QWidget* makeProgressBars() {
+    auto* const section = new QWidget;
+    QGridLayout* const grid = gridIn(section);
+    constexpr std::array kBorders = {"No border", "Thin", "Sunken"};
+    for (int border = 0; border < 3; ++border) {
+        for (const int value : {0, 40, 100}) {
+            auto* const widget = new SampleWidget<ucProgress>;
+            widget->setFixedSize(200, 16);
+            widget->shown().setBorderStyle(static_cast<ProgressBorder>(border));
+            widget->shown().setValue(value);
+            const QString name =
+                QString("%1, %2 %").arg(kBorders[static_cast<std::size_t>(border)]).arg(value);
+            grid->addWidget(captioned(name, widget), border, value / 40);
+        }
+    }
+    grid->setColumnStretch(3, 1);
+    return section;
+}
+
+QWidget* makeCanvases() {
+    auto* const section = new QWidget;
+    QGridLayout* const grid = gridIn(section);
+    grid->addWidget(captioned("Zoom 1", makeCanvas(false, 1)), 0, 0);
+    grid->addWidget(captioned("Zoom 3, scrolled by hand", makeCanvas(false, 3)), 0, 1);
+    auto* const framed = makeCanvas(true, 1);
+    grid->addWidget(captioned("Fit mode, with a frame", framed), 0, 2);
+    drawFrameLater(framed);
+    auto* const enlarged = makeCanvas(false, 8);
+    grid->addWidget(captioned("Zoom 8, with a frame", enlarged), 1, 0);
+    drawFrameLater(enlarged);
+    auto* const picking = makeCanvas(false, 2);
+    picking->shown().setWorkMode(ucCanvas::kPickColorMode);
+    grid->addWidget(captioned("Zoom 2, picks a colour", picking), 1, 1);
+    auto* const empty = new SampleWidget<ucCanvas>;
+    empty->setFixedSize(240, 180);
+    grid->addWidget(captioned("No picture", empty), 1, 2);
+    grid->setColumnStretch(3, 1);
+    return section;
+}
+
+QWidget* makeTips() {
+    auto* const section = new QWidget;
+    QGridLayout* const grid = gridIn(section);
+    int column = 0;
+    for (const char* const text : {"0", "-12", "100 %", "A longer tip"}) {
+        auto* const tip = new SampleWidget<frmValueTip>;
+        tip->shown().setLblTip(text);
+        tip->setAccessibleName(text);
+        grid->addWidget(tip, 0, column++, Qt::AlignLeft);
+    }
+    grid->setColumnStretch(column, 1);
+    return section;
+}
+
+QWidget* makeInfo() {
+    auto* const info = new SampleWidget<ucInfo>;
+    info->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    info->setAccessibleName("Status");
+    info->shown().setTextFile("/home/user/Pictures/harbour.bmp");
+    info->shown().setTextInfo("160x120, 24 bpp");
+    info->shown().setTextZoom("100%");
+    return info;
+}
+
+}  // namespace mobrel::gallery

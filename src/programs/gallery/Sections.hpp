@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+// The parts of the gallery, one a kind of control.
+#pragma once
+
+#include <QWidget>
+
+namespace mobrel::gallery {
+
+QWidget* makeLists();
+QWidget* makeSliders();
+QWidget* makeProgressBars();
+QWidget* makeCanvases();
+QWidget* makeTips();
+QWidget* makeInfo();
+
+}  // namespace mobrel::gallery
