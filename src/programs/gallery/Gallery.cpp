@@ -29,12 +29,14 @@ QWidget* makeContents() {
     layout->setSpacing(6);
     const std::pair<const char*, QWidget* (*)()> sections[] = {
         {"List", makeLists},     {"Slider", makeSliders},  {"Progress bar", makeProgressBars},
-        {"Value tip", makeTips}, {"Canvas", makeCanvases},
+        {"Value tip", makeTips}, {"Canvas", makeCanvases}, {"Mouse pointers", makePointers},
     };
     for (const auto& [name, make] : sections) {
         if (layout->count() > 0) layout->addSpacing(14);
         layout->addWidget(makeHeading(name));
-        layout->addWidget(make());
+        QWidget* const section = make();
+        section->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+        layout->addWidget(section);
     }
     layout->addStretch();
     return contents;

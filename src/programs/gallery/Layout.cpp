@@ -2,6 +2,7 @@
 #include "programs/gallery/Layout.hpp"
 
 #include <QLabel>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace mobrel::gallery {
@@ -16,6 +17,11 @@ QWidget* captioned(const QString& caption, QWidget* shown) {
     layout->addStretch();
     shown->setAccessibleName(caption);
     return box;
+}
+
+void showFocused(QWidget& widget, Control& control) {
+    // Once the window stands and its own keyboard has gone where it goes.
+    QTimer::singleShot(200, &widget, [&control] { control.focusChanged(true); });
 }
 
 QGridLayout* gridIn(QWidget* section) {

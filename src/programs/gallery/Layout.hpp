@@ -6,10 +6,15 @@
 #include <QString>
 #include <QWidget>
 
+#include "platform/Control.hpp"
+
 namespace mobrel::gallery {
 
 /// A widget with a caption over it, which is its accessible name too.
 QWidget* captioned(const QString& caption, QWidget* shown);
+
+/// Lets a control draw itself as it does with the keyboard, whoever has it.
+void showFocused(QWidget& widget, Control& control);
 
 /// The layout of a section.
 QGridLayout* gridIn(QWidget* section);

@@ -60,6 +60,9 @@ ucCoolListProperties listLook(ListLook look) {
     properties.ItemOffset = 1;
     properties.SelectionPicture = rowPicture();
     if (look == ListLook::Box) properties.BoxRadius = 8;
+    // A text that is read on the end of the gradient, too.
+    if (look == ListLook::VerticalGradient || look == ListLook::HorizontalGradient)
+        properties.FontSelected = properties.FontNormal;
     if (look == ListLook::Bold) properties.FontSelected = properties.FontNormal;
     return properties;
 }
@@ -80,7 +83,8 @@ QWidget* makeLists() {
     several.SelectMode = ListSelectMode::Multiple;
     auto* const multiple = makeList(several);
     for (const int item : {0, 2, 3}) multiple->shown().setItemSelected(item, true);
-    grid->addWidget(captioned("Several rows", multiple), 1, 3);
+    showFocused(*multiple, multiple->shown());
+    grid->addWidget(captioned("Several rows, with the keyboard", multiple), 1, 3);
 
     ucCoolListProperties wrapped;
     wrapped.ItemHeightAuto = false;

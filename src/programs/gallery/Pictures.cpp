@@ -20,23 +20,22 @@ std::shared_ptr<const ControlPicture> drawn(int width, int height, Draw&& draw) 
 
 }  // namespace
 
-void drawLandscape(cDIB& target) {
-    constexpr int kWidth = 160;
-    constexpr int kHeight = 120;
-    constexpr int kHorizon = 70;
-    if (!target.Create(kWidth, kHeight, 0)) return;
+void drawLandscape(cDIB& target, int factor) {
+    const auto at = [=](int left, int top, int right, int bottom) {
+        return Rect{left * factor, top * factor, right * factor, bottom * factor};
+    };
+    if (!target.Create(160 * factor, 120 * factor, 0)) return;
     DeviceContext& context = *target.hDIBDC();
-    context.GradientFill({0, 0, kWidth, kHorizon}, rgb(70, 130, 200), rgb(220, 235, 250),
+    context.GradientFill(at(0, 0, 160, 70), rgb(70, 130, 200), rgb(220, 235, 250),
                          GradientDirection::Vertical);
-    context.GradientFill({0, kHorizon, kWidth, kHeight}, rgb(90, 150, 70), rgb(40, 80, 40),
-                         GradientDirection::Vertical);
-    context.RoundRect({112, 12, 138, 38}, 26, 26, rgb(250, 200, 60), rgb(255, 225, 110));
-    context.FillRect({34, 52, 66, 86}, rgb(180, 80, 60));
-    context.FillRect({30, 46, 70, 53}, rgb(110, 50, 45));
-    context.FillRect({45, 66, 56, 86}, rgb(70, 40, 30));
-    for (int x = 0; x < kWidth; x += 4) {
+    context.GradientFill(at(0, 70, 160, 120), rgb(90, 150, 70), rgb(40, 80, 40), GradientDirection::Vertical);
+    context.RoundRect(at(112, 12, 138, 38), 26 * factor, 26 * factor, rgb(250, 200, 60), rgb(255, 225, 110));
+    context.FillRect(at(34, 52, 66, 86), rgb(180, 80, 60));
+    context.FillRect(at(30, 46, 70, 53), rgb(110, 50, 45));
+    context.FillRect(at(45, 66, 56, 86), rgb(70, 40, 30));
+    for (int x = 0; x < 160; x += 4) {
         const int y = 96 + x % 16;
-        context.FillRect({x, y, x + 1, y + 1}, rgb(250, 240, 200));
+        context.FillRect(at(x, y, x + 1, y + 1), rgb(250, 240, 200));
     }
 }
 

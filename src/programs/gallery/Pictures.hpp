@@ -9,8 +9,9 @@
 
 namespace mobrel::gallery {
 
-/// A landscape of 160 by 120 pixels, with single pixels in it that show how they are enlarged.
-void drawLandscape(cDIB& target);
+/// A landscape of 160 by 120 pixels, each `factor` times as wide and high. Some stand alone, and show how
+/// they are enlarged.
+void drawLandscape(cDIB& target, int factor);
 
 /// A rail and a row's background, as a slider and a list take them.
 std::shared_ptr<const ControlPicture> railPicture(int width, int height);

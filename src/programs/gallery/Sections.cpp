@@ -2,6 +2,7 @@
 #include "programs/gallery/Sections.hpp"
 
 #include <QGridLayout>
+#include <QLabel>
 #include <QTimer>
 #include <array>
 
@@ -10,6 +11,7 @@
 #include "controls/ucInfo.hpp"
 #include "controls/ucProgress.hpp"
 #include "controls/zenSlider.hpp"
+#include "desktop/Cursors.hpp"
 #include "programs/gallery/Layout.hpp"
 #include "programs/gallery/Pictures.hpp"
 #include "programs/gallery/SampleWidget.hpp"
@@ -36,13 +38,26 @@ SampleWidget<zenSlider>* makeSlider(SliderOrientation orientation, SliderRail ra
     return widget;
 }
 
-SampleWidget<ucCanvas>* makeCanvas(bool isFitted, int zoom) {
+SampleWidget<ucCanvas>* makeEmptyCanvas() {
     auto* const widget = new SampleWidget<ucCanvas>;
     widget->setFixedSize(240, 180);
+    return widget;
+}
+
+SampleWidget<ucCanvas>* makeCanvas(int zoom) {
+    auto* const widget = makeEmptyCanvas();
     ucCanvas& canvas = widget->shown();
-    drawLandscape(canvas.DIB);
-    canvas.setFitMode(isFitted);
+    drawLandscape(canvas.DIB, 1);
     canvas.setZoom(zoom);
+    canvas.Resize();
+    return widget;
+}
+
+SampleWidget<ucCanvas>* makeFittedCanvas() {
+    auto* const widget = makeEmptyCanvas();
+    ucCanvas& canvas = widget->shown();
+    drawLandscape(canvas.DIB, 5);
+    canvas.setFitMode(true);
     canvas.Resize();
     return widget;
 }
@@ -78,12 +93,14 @@ QWidget* makeSliders() {
     QGridLayout* const grid = gridIn(section);
     int place = 0;
     for (const auto& [name, rail] : kRails) {
-        grid->addWidget(captioned(name, makeSlider(SliderOrientation::Horizontal, rail)), place / 3,
-                        place % 3);
-        grid->addWidget(captioned(name, makeSlider(SliderOrientation::Vertical, rail)), 0, 3 + place, 2, 1);
+        auto* const horizontal = makeSlider(SliderOrientation::Horizontal, rail);
+        auto* const vertical = makeSlider(SliderOrientation::Vertical, rail);
+        if (rail == SliderRail::Raised) showFocused(*horizontal, horizontal->shown());
+        grid->addWidget(captioned(name, horizontal), place / 2, place % 2);
+        grid->addWidget(captioned(name, vertical), 0, 2 + place, 3, 1);
         ++place;
     }
-    grid->setColumnStretch(9, 1);
+    grid->setColumnStretch(grid->columnCount(), 1);
     return section;
 }
 
@@ -109,20 +126,18 @@ QWidget* makeProgressBars() {
 QWidget* makeCanvases() {
     auto* const section = new QWidget;
     QGridLayout* const grid = gridIn(section);
-    grid->addWidget(captioned("Zoom 1", makeCanvas(false, 1)), 0, 0);
-    grid->addWidget(captioned("Zoom 3, scrolled by hand", makeCanvas(false, 3)), 0, 1);
-    auto* const framed = makeCanvas(true, 1);
+    grid->addWidget(captioned("Zoom 1", makeCanvas(1)), 0, 0);
+    grid->addWidget(captioned("Zoom 3", makeCanvas(3)), 0, 1);
+    auto* const framed = makeFittedCanvas();
     grid->addWidget(captioned("Fit mode, with a frame", framed), 0, 2);
     drawFrameLater(framed);
-    auto* const enlarged = makeCanvas(false, 8);
+    auto* const enlarged = makeCanvas(8);
     grid->addWidget(captioned("Zoom 8, with a frame", enlarged), 1, 0);
     drawFrameLater(enlarged);
-    auto* const picking = makeCanvas(false, 2);
+    auto* const picking = makeCanvas(2);
     picking->shown().setWorkMode(ucCanvas::kPickColorMode);
     grid->addWidget(captioned("Zoom 2, picks a colour", picking), 1, 1);
-    auto* const empty = new SampleWidget<ucCanvas>;
-    empty->setFixedSize(240, 180);
-    grid->addWidget(captioned("No picture", empty), 1, 2);
+    grid->addWidget(captioned("No picture", makeEmptyCanvas()), 1, 2);
     grid->setColumnStretch(3, 1);
     return section;
 }
@@ -134,8 +149,26 @@ QWidget* makeTips() {
     for (const char* const text : {"0", "-12", "100 %", "A longer tip"}) {
         auto* const tip = new SampleWidget<frmValueTip>;
         tip->shown().setLblTip(text);
+        tip->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
         tip->setAccessibleName(text);
         grid->addWidget(tip, 0, column++, Qt::AlignLeft);
+    }
+    grid->setColumnStretch(column, 1);
+    return section;
+}
+
+QWidget* makePointers() {
+    auto* const section = new QWidget;
+    QGridLayout* const grid = gridIn(section);
+    constexpr std::array kPointers = {std::pair("Over a picture to drag", Cursor::HandOver),
+                                      std::pair("Dragging", Cursor::HandCatch),
+                                      std::pair("Picking a colour", Cursor::PickColor)};
+    int column = 0;
+    for (const auto& [name, cursor] : kPointers) {
+        auto* const picture = new QLabel;
+        picture->setCursor(qtCursor(cursor, picture->devicePixelRatioF()));
+        picture->setPixmap(picture->cursor().pixmap());
+        grid->addWidget(captioned(name, picture), 0, column++);
     }
     grid->setColumnStretch(column, 1);
     return section;
@@ -146,7 +179,7 @@ QWidget* makeInfo() {
     info->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     info->setAccessibleName("Status");
     info->shown().setTextFile("/home/user/Pictures/harbour.bmp");
-    info->shown().setTextInfo("160x120, 24 bpp");
+    info->shown().setTextInfo("4000x3000x24bpp");
     info->shown().setTextZoom("100%");
     return info;
 }

@@ -11,6 +11,7 @@ QWidget* makeSliders();
 QWidget* makeProgressBars();
 QWidget* makeCanvases();
 QWidget* makeTips();
+QWidget* makePointers();
 QWidget* makeInfo();
 
 }  // namespace mobrel::gallery
