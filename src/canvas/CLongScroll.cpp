@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <limits>
+#include <utility>
 
 #include "platform/Numbers.hpp"
 
@@ -70,17 +71,13 @@ std::int32_t CLongScroll::inRange(std::int64_t value) const noexcept {
 void CLongScroll::setMin(std::int32_t value) {
     m_min = value;
     // kept: of a reversed range only the limit that was not changed is looked at
-    const bool isOutside = m_min < m_max    ? m_value < m_min
-                           : m_min == m_max ? m_value != m_min
-                                            : m_value < m_max;
+    const bool isOutside = isReversed() ? m_value < m_max : m_value != inRange(m_value);
     if (isOutside) setValue(m_value);
 }
 
 void CLongScroll::setMax(std::int32_t value) {
     m_max = value;
-    const bool isOutside = m_min < m_max    ? m_value > m_max
-                           : m_min == m_max ? m_value != m_max
-                                            : m_value > m_min;  // kept: as in setMin
+    const bool isOutside = isReversed() ? m_value > m_min : m_value != inRange(m_value);  // kept: as in setMin
     if (isOutside) setValue(m_value);
 }
 
@@ -111,9 +108,9 @@ void CLongScroll::writeClient() {
     } else if (m_copy.Value == m_copy.Max && m_value < m_max) {
         --m_copy.Value;
     }
-    m_isWriting = true;
+    const bool isInside = std::exchange(m_isWriting, true);  // another listener of the bar can set Value too
     m_bar->setValue(m_copy.Value);
-    m_isWriting = false;
+    m_isWriting = isInside;
 }
 
 void CLongScroll::clientChanged() {
