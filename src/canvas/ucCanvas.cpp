@@ -16,8 +16,10 @@ void ucCanvas::paint() {
 }
 
 void ucCanvas::press(std::int16_t button, std::int16_t shift, const ViewPlace& place) {
-    if (hasPicture()) pressPicture(button, place);
-    raiseMouse(MouseDown, button, shift, place);
+    const Point view = rounded(place);
+    const Point inPicture = toImage(view);
+    if (hasPicture()) pressPicture(button, view, inPicture);
+    MouseDown.raise(button, shift, inPicture.x, inPicture.y);  // of the picture that was pressed, not a cut one
 }
 
 void ucCanvas::move(const PointerInput& input) {
@@ -46,7 +48,8 @@ void ucCanvas::SetScrollInfo(std::int32_t lHPos, std::int32_t lVPos) {
 Rect ucCanvas::GetVisibleRect() const {
     const std::int32_t left = m_horizontal.position() / m_zoom;
     const std::int32_t top = m_vertical.position() / m_zoom;
-    return {left, top, m_iCanvas.width / m_zoom + left, m_iCanvas.height / m_zoom + top};
+    const auto end = [this](int length, std::int64_t start) { return limited(length / m_zoom + start); };
+    return {left, top, end(m_iCanvas.width, left), end(m_iCanvas.height, top)};
 }
 
 void ucCanvas::setBackColor(std::uint32_t value) {

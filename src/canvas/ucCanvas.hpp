@@ -54,7 +54,7 @@ class ucCanvas : public Control {
     Event<std::int16_t, std::int16_t> KeyDown;
     /// The user has scrolled.
     Event<> Scroll;
-    /// The event of Resize: a picture has been laid out.
+    /// A picture has been laid out: the event of Resize, whose name the operation has.
     Event<> Resized;
     /// The picture has been cut to the frame.
     Event<> CropDone;
@@ -174,8 +174,9 @@ class ucCanvas : public Control {
     void showCursor();
     bool isOverView(const PointerInput& input) const;
     ViewPlace placeInView(const PointerInput& input) const;
+    void catchPointer(std::int16_t button);
     void press(std::int16_t button, std::int16_t shift, const ViewPlace& place);
-    void pressPicture(std::int16_t button, const ViewPlace& place);
+    void pressPicture(std::int16_t button, const Point& view, const Point& inPicture);
     void move(const PointerInput& input);
     void movePicture(const ViewPlace& place);
     void release(const PointerInput& input);

@@ -21,7 +21,7 @@ Rect around(const Rect& a, const Rect& b) {
 
 /// Inverts; a second call takes it away.
 void ucCanvas::drawRubberBand(DeviceContext& target) {
-    target.DrawFocusRect(m_rubberRect, std::max(scaled(1), 1));
+    target.DrawFocusRect(m_rubberRect, lineWidth());
 }
 
 /// kept: a frame without width or height has no rectangle, so the last one stays on the screen.

@@ -8,15 +8,20 @@ namespace mobrel {
 
 void ucCanvas::pointerPressed(const PointerInput& input) {
     if (!m_isEnabled) return;
-    m_buttonsDown |= input.button;
-    m_isPointerOverView = true;
-    showCursor();
-    if (host() != nullptr) host()->captureMouse();
+    catchPointer(input.button);
     press(input.button, input.shift, placeInView(input));
 }
 
+/// Until the buttons are up, the pointer is the picture's, wherever it is.
+void ucCanvas::catchPointer(std::int16_t button) {
+    m_buttonsDown |= button;
+    m_isPointerOverView = true;
+    showCursor();
+    if (host() != nullptr) host()->captureMouse();
+}
+
 void ucCanvas::pointerMoved(const PointerInput& input) {
-    m_buttonsDown = input.button;
+    m_buttonsDown &= input.button;  // a menu can have heard the release
     m_isPointerOverView = m_buttonsDown != MouseButton::kNone || isOverView(input);
     showCursor();
     if (m_isEnabled && m_isPointerOverView) move(input);
@@ -31,13 +36,11 @@ void ucCanvas::pointerReleased(const PointerInput& input) {
 }
 
 /// The second press of a double click comes as this. One of another button than the left is a press like
-/// any other; the margin passes it over.
+/// any other. The margin passes a double click over.
 void ucCanvas::pointerDoubleClicked(const PointerInput& input) {
-    if (!isOverView(input)) return;
     if (input.button != MouseButton::kLeft) return pointerPressed(input);
-    if (!m_isEnabled) return;
-    m_buttonsDown |= input.button;
-    if (host() != nullptr) host()->captureMouse();
+    if (!m_isEnabled || !isOverView(input)) return;
+    catchPointer(MouseButton::kLeft);
     press(MouseButton::kLeft, 0, {double(m_lastX), double(m_lastY)});
 }
 
@@ -49,10 +52,8 @@ bool ucCanvas::keyPressed(const KeyInput& input) {
     return isArrow || input.keyCode == KeyCode::kAdd || input.keyCode == KeyCode::kSubtract;
 }
 
-void ucCanvas::pressPicture(std::int16_t button, const ViewPlace& place) {
-    const Point view = rounded(place);
+void ucCanvas::pressPicture(std::int16_t button, const Point& view, const Point& inPicture) {
     if (isHandOffered()) setMouseIcon(Cursor::HandCatch);
-    const Point inPicture = toImage(view);
     if (button == MouseButton::kRight && m_frame.IsPointInFrame(inPicture.x, inPicture.y)) {
         showCropMenu(view);
     }

@@ -12,13 +12,11 @@
 #include "canvas/ucCanvas.hpp"
 #include "support/FakeHost.hpp"
 #include "support/PictureGrid.hpp"
+#include "support/PrintRect.hpp"
 
 namespace mobrel {
 
-/// How a failed comparison shows them.
-inline void PrintTo(const Rect& rect, std::ostream* out) {
-    *out << rect.left << ' ' << rect.top << ' ' << rect.right << ' ' << rect.bottom;
-}
+/// How a failed comparison shows it.
 inline void PrintTo(const ucCanvas::ScrollInfo& info, std::ostream* out) {
     *out << "max " << info.lHMax << ' ' << info.lVMax << " pos " << info.lHPos << ' ' << info.lVPos;
 }
@@ -76,24 +74,18 @@ class CanvasOnHost {
 
  private:
     void listen() {
-        const auto note = [this](const char* name) { return [=, this] { m_events.emplace_back(name); }; };
-        const auto noteMouse = [this](const char* name) {
-            return [=, this](std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) {
-                m_events.push_back(std::string(name) + ' ' + std::to_string(button) + ' ' +
-                                   std::to_string(shift) + ": " + std::to_string(x) + ' ' +
-                                   std::to_string(y));
-            };
+        const auto note = [this](const std::string& name, const auto&... numbers) {
+            m_events.push_back((name + ... + (' ' + std::to_string(numbers))));
         };
-        canvas.MouseDown.connect(noteMouse("down"));
-        canvas.MouseMove.connect(noteMouse("move"));
-        canvas.MouseUp.connect(noteMouse("up"));
-        canvas.KeyDown.connect([this](std::int16_t code, std::int16_t shift) {
-            m_events.push_back("key " + std::to_string(code) + ' ' + std::to_string(shift));
-        });
-        canvas.Scroll.connect(note("scroll"));
-        canvas.Resized.connect(note("resize"));
-        canvas.CropDone.connect(note("cropped"));
-        canvas.ZoomChanged.connect(note("zoom"));
+        const auto noteAs = [=](const char* name) { return [=](const auto&... all) { note(name, all...); }; };
+        canvas.MouseDown.connect(noteAs("down"));
+        canvas.MouseMove.connect(noteAs("move"));
+        canvas.MouseUp.connect(noteAs("up"));
+        canvas.KeyDown.connect(noteAs("key"));
+        canvas.Scroll.connect(noteAs("scroll"));
+        canvas.Resized.connect(noteAs("resize"));
+        canvas.CropDone.connect(noteAs("cropped"));
+        canvas.ZoomChanged.connect(noteAs("zoom"));
     }
 
     std::vector<std::string> m_events;

@@ -91,6 +91,8 @@ TEST(ucCanvas, KeepsTheRelativePlace) {
                                                         {2, 120, 90, {80, 0, 20, 0}},
                                                         {1, 120, 90, {0, 0, 0, 0}},
                                                         {3, 120, 90, {180, 30, 90, 15}},
+                                                        {3, 120, 91, {180, 29, 90, 14}},
+                                                        {3, 0, 0, {300, 120, 150, 58}},
                                                         {3, 120, 91, {180, 29, 90, 14}}}) {
         on.canvas.setZoom(zoom);
         if (on.canvas.width() == width && on.canvas.height() == height) on.canvas.Resize();
@@ -127,7 +129,7 @@ TEST(ucCanvas, ShowsTheMarginAloneWithoutAPicture) {
     margin.fill([](int, int) { return kMarginPixel; });
     EXPECT_EQ(on.host.screen(), margin);
     on.drag(3, 3, 5, 5);
-    EXPECT_EQ(on.events(), (Events{"down 1 0: 4 4", "move 1 0: 6 6", "up 1 0: 6 6"}));
+    EXPECT_EQ(on.events(), (Events{"down 1 0 4 4", "move 1 0 6 6", "up 1 0 6 6"}));
 
     test::fillPicture(on.canvas.DIB, 40, 40);
     on.canvas.Resize();

@@ -7,13 +7,9 @@
 
 #include "canvas/cFrame.hpp"
 #include "support/PictureGrid.hpp"
+#include "support/PrintRect.hpp"
 
 namespace mobrel {
-
-/// How a failed comparison shows a rectangle.
-static void PrintTo(const Rect& rect, std::ostream* out) {
-    *out << rect.left << ' ' << rect.top << ' ' << rect.right << ' ' << rect.bottom;
-}
 
 namespace {
 
@@ -21,11 +17,10 @@ using test::PictureGrid;
 using Rows = std::vector<std::string>;
 
 TEST(cFrame, PutsSidesInOrderAndCutsThemToTheBounds) {
-    struct Case {
+    const struct {
         Rect given;
         std::optional<Rect> uncut, cut;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {{2, 3, 7, 8}, Rect{2, 3, 7, 8}, Rect{2, 3, 7, 8}},
         {{7, 8, 2, 3}, Rect{2, 3, 7, 8}, Rect{2, 3, 7, 8}},
         {{-5, 4, 30, -2}, Rect{-5, -2, 30, 4}, Rect{0, 0, 20, 4}},
@@ -61,17 +56,6 @@ TEST(cFrame, ScalesEachSideWithTiesToEven) {
     frame.SetFrameRect(-kMost, 0, kMost, 1, false);
     frame.setScaleFactor(100);
     EXPECT_EQ(frame.GetFrameRect(true), (Rect{-kMost - 1, 0, kMost, 100}));
-}
-
-TEST(cFrame, HoldsItsLeftAndTopEdgeOnly) {
-    cFrame frame;
-    EXPECT_FALSE(frame.IsPointInFrame(0, 0));
-    frame.SetFrameRect(2, 3, 5, 9, false);
-    EXPECT_TRUE(frame.IsPointInFrame(2, 3));
-    EXPECT_TRUE(frame.IsPointInFrame(4, 8));
-    EXPECT_FALSE(frame.IsPointInFrame(5, 8));
-    EXPECT_FALSE(frame.IsPointInFrame(4, 9));
-    EXPECT_FALSE(frame.IsPointInFrame(1, 3));
 }
 
 /// White W, black k; what the picture holds is a dot.
