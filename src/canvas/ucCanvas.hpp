@@ -14,6 +14,7 @@
 #include "platform/Control.hpp"
 #include "platform/Desktop.hpp"
 #include "platform/Event.hpp"
+#include "platform/PixelBuffer.hpp"
 #include "platform/SystemColors.hpp"
 
 namespace mobrel {
@@ -197,7 +198,7 @@ class ucCanvas : public Control {
     void showCropMenu(const Point& view);
     void cropPicture();
     void copyFrame();
-    bool loadFramedPart(cDIB& part) const;
+    std::optional<PixelBuffer> framedPart() const;
 
     BrushState m_brush;
     cFrame m_frame;

@@ -2,6 +2,7 @@
 // The crop frame: its dotted rectangle while it is dragged, and the menu on it.
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "canvas/ucCanvas.hpp"
 
@@ -77,9 +78,9 @@ void ucCanvas::mnuCrop(int Index) {
 
 /// A picture whose part finds no memory stays as it is.
 void ucCanvas::cropPicture() {
-    cDIB tempDIB;
-    if (!loadFramedPart(tempDIB)) return;
-    if (DIB.Create(tempDIB.Width(), tempDIB.Height(), 0)) DIB.LoadBlt(*tempDIB.hDIBDC());
+    auto part = framedPart();
+    if (!part) return;
+    DIB.adopt(*std::move(part));
     m_frame.Clear();
     Resize();
     Repaint();
@@ -87,20 +88,25 @@ void ucCanvas::cropPicture() {
 }
 
 void ucCanvas::copyFrame() {
+    if (m_clipboard == nullptr) return;
+    auto part = framedPart();
+    if (!part) return;
     cDIB tempDIB;
-    if (m_clipboard != nullptr && loadFramedPart(tempDIB)) tempDIB.CopyToClipboard(*m_clipboard);
+    tempDIB.adopt(*std::move(part));
+    tempDIB.CopyToClipboard(*m_clipboard);
 }
 
-/// False when there is no picture, no frame or no memory.
-bool ucCanvas::loadFramedPart(cDIB& part) const {
+/// A copy of the framed pixels as a surface holds them, black where the frame stands outside the picture.
+/// Nothing when there is no picture, no frame or no memory.
+std::optional<PixelBuffer> ucCanvas::framedPart() const {
     const auto frame = m_frame.GetFrameRect(false);
-    if (!hasPicture() || !frame) return false;
+    if (!hasPicture() || !frame) return std::nullopt;
     const auto [left, top, right, bottom] = *frame;
-    if (!part.Create(limited(std::int64_t{right} - left), limited(std::int64_t{bottom} - top), 0)) {
-        return false;
-    }
-    part.LoadBlt(*DIB.hDIBDC(), left, top);
-    return true;
+    auto part = PixelBuffer::create(limited(std::int64_t{right} - left), limited(std::int64_t{bottom} - top));
+    if (!part) return std::nullopt;
+    DeviceContext target(part->bits(), part->width(), part->height(), RowOrder::BottomUp);
+    target.BitBlt(0, 0, part->width(), part->height(), *DIB.hDIBDC(), left, top);
+    return part;
 }
 
 }  // namespace mobrel
