@@ -77,7 +77,8 @@ void CLongScroll::setMin(std::int32_t value) {
 
 void CLongScroll::setMax(std::int32_t value) {
     m_max = value;
-    const bool isOutside = isReversed() ? m_value > m_min : m_value != inRange(m_value);  // kept: as in setMin
+    const bool isOutside =
+        isReversed() ? m_value > m_min : m_value != inRange(m_value);  // kept: as in setMin
     if (isOutside) setValue(m_value);
 }
 

@@ -55,12 +55,15 @@ TEST(ucCanvas, PaintsThePartInViewAtEveryZoomAndPlace) {
 }
 
 TEST(ucCanvas, FitsThePictureWithTheNearestPixels) {
-    struct Case {
+    const struct {
         int width, height;
         Rect place;
-    };
-    for (const auto& [width, height, place] :
-         {Case{20, 20, {0, 5, 20, 15}}, {60, 10, {20, 0, 40, 10}}, {90, 21, {25, 0, 65, 20}}, {5, 0, {}}}) {
+    } cases[] = {{20, 20, {0, 5, 20, 15}},
+                 {60, 10, {20, 0, 40, 10}},
+                 {90, 21, {25, 0, 65, 20}},
+                 {5, 0, {}},
+                 {0, 0, {}}};
+    for (const auto& [width, height, place] : cases) {
         CanvasOnHost on(width, height, 40, 20, 7);
         on.canvas.setFitMode(true);
         on.canvas.Resize();
@@ -121,6 +124,10 @@ TEST(ucCanvas, ScrollsWithin32BitsHoweverLargeThePictureIs) {
     on.drag(5, 5, -1e30F, 1e30F);
     EXPECT_EQ(on.canvas.GetScrollInfo().lHPos, kMost - 10);
     EXPECT_EQ(on.canvas.GetScrollInfo().lVPos, 0);
+    on.canvas.setZoom(1);
+    on.canvas.setFitMode(true);
+    on.host.resize(20, 20, 1);
+    EXPECT_EQ(on.canvas.GetVisibleRect(), (Rect{kMost - 10, 0, kMost, 2}));
 }
 
 TEST(ucCanvas, ShowsTheMarginAloneWithoutAPicture) {
@@ -143,21 +150,6 @@ TEST(ucCanvas, ShowsTheMarginAloneWithoutAPicture) {
     EXPECT_EQ(on.canvas.accessibleValue(), "");
 }
 
-TEST(ucCanvas, KeepsItsStateWithoutAWindow) {
-    ucCanvas canvas;
-    test::fillPicture(canvas.DIB, 30, 20);
-    canvas.setZoom(3);
-    canvas.Resize();
-    canvas.setWorkMode(ucCanvas::kCropMode);
-    canvas.pointerPressed({MouseButton::kLeft, 0, 1, 1});
-    canvas.pointerMoved({MouseButton::kLeft, 0, 20, 20});
-    canvas.pointerReleased({MouseButton::kLeft, 0, 20, 20});
-    canvas.Repaint();
-    EXPECT_FALSE(canvas.image().has_value());
-    EXPECT_EQ(canvas.GetScrollInfo(), (ScrollInfo{90, 60, 45, 30}));
-    EXPECT_EQ(canvas.accessibleValue(), "30 x 20, 300 %");
-}
-
 class OneColor final : public SystemColors {
     Color color(SystemColor) const override { return 0x112233; }
 };
@@ -165,18 +157,18 @@ class OneColor final : public SystemColors {
 TEST(ucCanvas, FillsTheMarginAloneWithItsColours) {
     CanvasOnHost on(12, 8, 4, 4);
     const PictureGrid before = on.host.screen();
+    const auto withMargin = [&](std::uint32_t color) {
+        PictureGrid grid = before;
+        grid.fill([&](int x, int y) { return before.at(x, y) == kMarginPixel ? color : before.at(x, y); });
+        return grid;
+    };
     on.canvas.setBackColor(0x0000FF);
-    PictureGrid expected = before;
-    expected.fill(
-        [&](int x, int y) { return before.at(x, y) == kMarginPixel ? 0xFF0000U : before.at(x, y); });
-    EXPECT_EQ(on.host.screen(), expected);
+    EXPECT_EQ(on.host.screen(), withMargin(0xFF0000));
     const OneColor dark;
     setSystemColors(&dark);
     on.canvas.appearanceChanged();
     setSystemColors(nullptr);
-    expected.fill(
-        [&](int x, int y) { return before.at(x, y) == kMarginPixel ? 0x332211U : before.at(x, y); });
-    EXPECT_EQ(on.host.screen(), expected);
+    EXPECT_EQ(on.host.screen(), withMargin(0x332211));
     on.canvas.Resize();
     EXPECT_EQ(on.host.screen(), before);
 }
