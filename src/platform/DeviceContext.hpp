@@ -71,6 +71,7 @@ class StretchTarget {
 };
 
 /// A 32-bit pixel target: a pointer, a size, a row order. It owns nothing; the memory must outlive it.
+/// Lines have a thickness in pixels; one below 1 counts as 1.
 class DeviceContext final : public StretchTarget {
  public:
     /// `bits` is width x height pixels of 4 bytes (blue, green, red, unused), rows unpadded.
@@ -117,7 +118,7 @@ class DeviceContext final : public StretchTarget {
     void DrawFocusRect(const Rect& rect, int thickness = 1);
 
     /// Draws the border of a rectangle in the 3-D colours of the system: an outer and an inner ring, each
-    /// `thickness` pixels wide (1 or more), where the edge has them (a sum of two borders has both). The
+    /// `thickness` pixels wide, where the edge has them (a sum of two borders has both). The
     /// inside stays. Corners belong to the bottom and right.
     void DrawEdge(const Rect& rect, Edge edge, int thickness = 1);
 

@@ -225,7 +225,7 @@ void DeviceContext::RoundRect(const Rect& rect, int cornerWidth, int cornerHeigh
                               int thickness) {
     const auto isLine = [](int from, int to) { return std::int64_t{to} - from < 2; };
     if (isLine(rect.left, rect.right) || isLine(rect.top, rect.bottom)) return;
-    if (thickness == 1) return fillRounded(*this, rect, cornerWidth, cornerHeight, pen, brush);
+    if (thickness <= 1) return fillRounded(*this, rect, cornerWidth, cornerHeight, pen, brush);
     const int narrower = 2 * thickness;
     fillRounded(*this, rect, cornerWidth, cornerHeight, pen, pen);
     fillRounded(*this, shrunk(rect, thickness), cornerWidth - narrower, cornerHeight - narrower, brush,

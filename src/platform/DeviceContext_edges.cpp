@@ -102,6 +102,7 @@ std::int64_t dotsOf(int from, int to, int dot) {
 }  // namespace
 
 void DeviceContext::DrawEdge(const Rect& rect, Edge edge, int thickness) {
+    thickness = std::max(thickness, 1);
     Rect left = rect;
     for (const auto& ring : {outerRing(edge), innerRing(edge)}) {
         if (!ring || isEmpty(left)) continue;
@@ -111,6 +112,7 @@ void DeviceContext::DrawEdge(const Rect& rect, Edge edge, int thickness) {
 }
 
 void DeviceContext::DrawFocusRect(const Rect& rect, int thickness) {
+    thickness = std::max(thickness, 1);
     const auto [left, right] = std::minmax(rect.left, rect.right);
     const auto [top, bottom] = std::minmax(rect.top, rect.bottom);
     if (left == right || top == bottom) return;
@@ -141,6 +143,7 @@ void DeviceContext::DrawSizeGrip(const Rect& rect, int thickness) {
     constexpr int kCorner = 2;  // diagonals of the face outside the outermost band
     constexpr int kPeriod = 4;  // shadow 2, highlight 1, face 1
     constexpr int kBands = 3;
+    thickness = std::max(thickness, 1);
     FillRect(rect, GetSysColor(SystemColor::ButtonFace));
     const int reach = (kCorner + kBands * kPeriod) * thickness;
     const Rect corner{backwards(rect.right, reach, rect.left), backwards(rect.bottom, reach, rect.top),

@@ -56,6 +56,7 @@ TEST_F(EdgesTest, EdgesHaveTheirRingsAndCornersOfTheBottomAndRight) {
         {Edge::RaisedOuter, {1, 1, 5, 5}, 1, {"......", ".lllD.", ".l..D.", ".l..D.", ".DDDD.", "......"}},
         {Edge::SunkenInner, {1, 1, 5, 5}, 1, {"......", ".dddl.", ".d..l.", ".d..l.", ".llll.", "......"}},
         {Edge::SunkenOuter, {0, 0, 6, 6}, 2, {"sssshh", "sssshh", "ss..hh", "ss..hh", "hhhhhh", "hhhhhh"}},
+        {Edge::SunkenOuter, {1, 1, 5, 5}, -1, {"......", ".sssh.", ".s..h.", ".s..h.", ".hhhh.", "......"}},
         {Edge::None, {0, 0, 6, 6}, 1, {"......", "......", "......", "......", "......", "......"}},
         {Edge::Sunken, {-1, -1, 3, 9}, 1, {"dlh...", "dlh...", "dlh...", "dlh...", "dlh...", "dlh..."}},
         {Edge::Sunken, {3, 3, kMax, kMax}, 1, {"......", "......", "......", "...sss", "...sdd", "...sd."}},
@@ -86,7 +87,7 @@ TEST_F(EdgesTest, GripsStandInTheLowerRightCorner) {
     } kRows[] = {
         {{0, 0, 9, 5}, 1, {"hssfhssfh", "ssfhssfhs", "sfhssfhss", "fhssfhssf", "hssfhssff"}},
         {{1, 0, 9, 3}, 2, {".hhssssff", ".ssssffff", ".ssssffff"}},
-        {{7, -1, 12, 2}, 1, {".......fh", ".......hs", "........."}},
+        {{7, -1, 12, 2}, 0, {".......fh", ".......hs", "........."}},
         {{3, 1, 3, 9}, 1, {"...", "..."}},
         {{9, 9, 2, 2}, 1, {"...", "..."}},
     };
@@ -136,7 +137,7 @@ TEST(FocusRectTest, EverySecondPixelOfTheOutlineIsInverted) {
         {"cut at the right and bottom", {1, 1, 11, 9}, 1, {"....", "..#.", ".#..", "....", ".#.."}},
         {"widest", {kMin, 1, kMax, kMax}, 1, {"....", "#.#.", "....", "...."}},
         {"one pixel", {1, 1, 2, 2}, 1, {"...", "...", "..."}},
-        {"one line", {1, 1, 7, 2}, 1, {"........", "......#.", "........"}},
+        {"one line, no thickness", {1, 1, 7, 2}, 0, {"........", "......#.", "........"}},
         {"no width", {1, 1, 1, 3}, 1, {"...", "...", "..."}},
         {"thick", {0, 0, 7, 6}, 2, {"..#..##", "..#..##", "##.....", "##.....", "..##.##", "..##.##"}},
     };
