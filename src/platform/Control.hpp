@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -70,6 +71,9 @@ class Control {
     virtual Rect accessibleItemRect(int /*item*/) const { return {}; }
 
  protected:
+    /// Expires with the control, which a handler of its events may destroy.
+    std::weak_ptr<const bool> life() const noexcept { return m_life; }
+
     /// Called after a host has been set or taken away, and after a size or scale has been set.
     virtual void hostChanged() {}
     virtual void sizeChanged() {}
@@ -89,6 +93,7 @@ class Control {
     int m_height = 0;
     double m_scale = 1;
     PixelBuffer m_pixels;
+    std::shared_ptr<const bool> m_life = std::make_shared<const bool>(true);
 };
 
 }  // namespace mobrel
