@@ -10,7 +10,16 @@ namespace mobrel {
 
 ucCoolList::ucCoolList() {
     m_scroll.setMax(0);
-    m_scroll.Change.connect([this] { scrolled(); });
+    m_scroll.Change.connect([this] { change([this] { scrolled(); }); });
+}
+
+/// In their order, unless a handler ends the list.
+void ucCoolList::raiseNoted() {
+    const auto life = this->life();
+    for (const auto& raise : std::exchange(m_noted, {})) {
+        if (life.expired()) return;
+        raise();
+    }
 }
 
 void ucCoolList::SetImageList(std::shared_ptr<const ImageList> Source) {
@@ -20,8 +29,9 @@ void ucCoolList::SetImageList(std::shared_ptr<const ImageList> Source) {
 
 void ucCoolList::setProperties(ucCoolListProperties value) {
     m_properties = std::move(value);
+    if (!m_properties.Enabled) m_isMouseDown = false;
     showCursor();
-    layout();
+    change([this] { layout(); });
 }
 
 void ucCoolList::setDesignName(std::string name) {
@@ -53,27 +63,31 @@ void ucCoolList::tellAccessible() {
 }
 
 void ucCoolList::AddItem(std::string_view Text, std::int16_t Icon, std::int16_t IconSelected) {
-    const int added = ListCount();
-    m_items.back() = {std::string(Text), Icon, IconSelected};
-    m_items.emplace_back();
-    m_selected.push_back(false);
-    if (m_topIndex < 0) m_topIndex = 0;
-    layoutScrollBar();
-    drawRow(added);
-    tellAccessible();
+    change([&] {
+        const int added = ListCount();
+        m_items.back() = {std::string(Text), Icon, IconSelected};
+        m_items.emplace_back();
+        m_selected.push_back(false);
+        if (m_topIndex < 0) m_topIndex = 0;
+        layoutScrollBar();
+        drawRow(added);
+        tellAccessible();
+    });
 }
 
 void ucCoolList::InsertItem(int Index, std::string_view Text, std::int16_t Icon, std::int16_t IconSelected) {
     checkPlace(Index);
-    m_items.insert(m_items.begin() + Index, Item{std::string(Text), Icon, IconSelected});
-    m_selected.insert(m_selected.begin() + Index, false);
-    layoutScrollBar();
-    if (m_listIndex >= Index) {
-        m_scrollsIntoView = false;
-        setListIndex(m_listIndex + 1);
-    }
-    repaint();
-    tellAccessible();
+    change([&] {
+        m_items.insert(m_items.begin() + Index, Item{std::string(Text), Icon, IconSelected});
+        m_selected.insert(m_selected.begin() + Index, false);
+        layoutScrollBar();
+        if (m_listIndex >= Index) {
+            m_scrollsIntoView = false;
+            moveTo(m_listIndex + 1);
+        }
+        repaint();
+        tellAccessible();
+    });
 }
 
 void ucCoolList::ModifyItem(int Index, std::optional<std::string_view> Text, std::int16_t Icon,
@@ -90,44 +104,54 @@ void ucCoolList::ModifyItem(int Index, std::optional<std::string_view> Text, std
 
 void ucCoolList::RemoveItem(int Index) {
     if (!isItem(Index)) throw RuntimeError(ErrorNumber::InvalidPropertyIndex);
-    m_items.erase(m_items.begin() + Index);
-    m_selected.erase(m_selected.begin() + Index);
-    if (m_listIndex == Index) {
-        setListIndex(-1);
-    } else if (m_listIndex > Index) {
-        m_scrollsIntoView = false;
-        setListIndex(m_listIndex - 1);
-    }
-    layoutScrollBar();
-    repaint();
-    tellAccessible();
+    change([&] {
+        m_items.erase(m_items.begin() + Index);
+        m_selected.erase(m_selected.begin() + Index);
+        if (m_listIndex == Index) {
+            moveTo(-1);
+        } else if (m_listIndex > Index) {
+            m_scrollsIntoView = false;
+            moveTo(m_listIndex - 1);
+        }
+        layoutScrollBar();
+        repaint();
+        tellAccessible();
+    });
 }
 
 void ucCoolList::Clear() {
-    closeEdit();
-    m_items.assign(1, {});
-    m_selected.assign(1, false);
-    m_listIndex = -1;
-    layoutScrollBar();
-    if (ListCount() == 0) m_topIndex = -1;  // a handler of Scroll may have filled it again
-    repaint();
-    tellAccessible();
+    change([&] {
+        closeEdit();
+        m_items.assign(1, {});
+        m_selected.assign(1, false);
+        m_listIndex = -1;
+        layoutScrollBar();
+        m_topIndex = -1;
+        repaint();
+        tellAccessible();
+    });
 }
 
 void ucCoolList::setListIndex(int value) {
     if (value < -1 || value >= ListCount()) throw RuntimeError(ErrorNumber::InvalidPropertyValue);
+    change([&] { moveTo(value); });
+}
+
+/// What setting ListIndex does.
+void ucCoolList::moveTo(int index) {
+    const bool scrolls = std::exchange(m_scrollsIntoView, true);
     closeEdit();
-    const int previous = std::exchange(m_listIndex, value);
-    if (value < 0) m_lastMouseY = -1;
+    const int previous = std::exchange(m_listIndex, index);
+    if (index < 0) m_lastMouseY = -1;
     if (!isMultiple()) {
         if (isItem(previous)) m_selected[static_cast<std::size_t>(previous)] = false;
-        if (isItem(value)) m_selected[static_cast<std::size_t>(value)] = true;
+        if (isItem(index)) m_selected[static_cast<std::size_t>(index)] = true;
     }
     drawRow(previous);
-    drawRow(value);
-    if (std::exchange(m_scrollsIntoView, true)) bringIntoView();
+    drawRow(index);
+    if (scrolls) bringIntoView();
     tellAccessible();
-    ListIndexChange.raise();
+    note(ListIndexChange);
 }
 
 int ucCoolList::SelectedCount() const {
@@ -179,9 +203,11 @@ bool ucCoolList::isAccessibleItemSelected(int item) const {
 
 void ucCoolList::selectAccessibleItem(int item) {
     if (!isItem(item) || !m_properties.Enabled) return;
-    m_selected[static_cast<std::size_t>(item)] = true;
-    setListIndex(item);
-    Click.raise();
+    change([&] {
+        m_selected[static_cast<std::size_t>(item)] = true;
+        moveTo(item);
+        note(Click);
+    });
 }
 
 Rect ucCoolList::accessibleItemRect(int item) const {

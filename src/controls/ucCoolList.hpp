@@ -3,10 +3,12 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -19,7 +21,7 @@ namespace mobrel {
 
 /// Never shows a part of a row: it asks its host for a height of whole rows. Items count from 0, icons from
 /// 1. A row is drawn alone wherever possible. Events are raised when the list is in order again, so that
-/// their handlers may change it.
+/// their handlers may change it, and destroy it.
 class ucCoolList : public Control {
  public:
     ucCoolList();
@@ -193,7 +195,24 @@ class ucCoolList : public Control {
     void checkPlace(int index) const;
     bool isMultiple() const noexcept { return m_properties.SelectMode == ListSelectMode::Multiple; }
     void tellAccessible();
+    void moveTo(int index);
     void sortItems();
+
+    /// Runs a change of the list and then, unless it is a part of another one, raises the events that it
+    /// noted.
+    template <typename Change>
+    void change(Change&& apply) {
+        const bool isWhole = !std::exchange(m_isChanging, true);
+        apply();
+        if (!isWhole) return;
+        m_isChanging = false;
+        raiseNoted();
+    }
+    template <typename... Args>
+    void note(const Event<Args...>& event, std::type_identity_t<Args>... args) {
+        m_noted.emplace_back([&event, args...] { event.raise(args...); });
+    }
+    void raiseNoted();
 
     // Places, in device pixels: of the surface, the rows' part of the image, unless told otherwise.
     int border() const;
@@ -213,6 +232,7 @@ class ucCoolList : public Control {
     void snapHeight();
     void layoutScrollBar();
     void placeScrollBar();
+    void scrollTo(int top);
     void bringIntoView();
     void scrolled();
 
@@ -234,6 +254,7 @@ class ucCoolList : public Control {
     void pressRow(int item, float y);
     void dragTo(float y);
     bool isOutside(float y) const;
+    bool isDraggedOutside() const;
     void autoScroll();
     double stepTime() const;
     void stepOutwards();
@@ -242,6 +263,7 @@ class ucCoolList : public Control {
 
     // The editor.
     Rect editPlace() const;
+    void openEdit();
     void connectEditBox();
     void editKeyPressed(std::int16_t keyCode);
     void closeEdit();
@@ -254,7 +276,7 @@ class ucCoolList : public Control {
     template <typename Value>
     void changeGeometry(Value& property, Value value) {
         property = std::move(value);
-        layout();
+        change([this] { layout(); });
     }
 
     ucCoolListProperties m_properties;
@@ -267,6 +289,8 @@ class ucCoolList : public Control {
     int m_topIndex = 0;
     /// The next ListIndex is scrolled into view.
     bool m_scrollsIntoView = true;
+    bool m_isChanging = false;
+    std::vector<std::function<void()>> m_noted;
 
     CLongScroll m_scroll;
     bool m_hasScrollBar = false;

@@ -8,11 +8,17 @@ namespace mobrel {
 
 void ucCoolList::StartEdit() {
     if (m_listIndex < 0 || host() == nullptr) return;
-    closeEdit();
-    bringIntoView();
-    if (!isItem(m_listIndex) || !isRowVisible(m_listIndex)) return;
-    m_scrollsIntoView = false;
+    change([this] {
+        closeEdit();
+        bringIntoView();
+        if (isRowVisible(m_listIndex)) openEdit();
+    });
+}
+
+/// The list does not scroll until it is closed.
+void ucCoolList::openEdit() {
     connectEditBox();
+    m_scrollsIntoView = false;
 
     const bool looksSelected = ItemSelected(m_listIndex) && m_properties.SelectModeStyle != ListLook::Bold;
     EditBox::Look look;
@@ -58,11 +64,12 @@ void ucCoolList::connectEditBox() {
 
 void ucCoolList::editKeyPressed(std::int16_t keyCode) {
     if (!m_isEditing || (keyCode != KeyCode::kEnter && keyCode != KeyCode::kEscape)) return;
-    if (keyCode == KeyCode::kEnter && isItem(m_listIndex)) {
-        m_items[static_cast<std::size_t>(m_listIndex)].Text = host()->editBox().Text();
-    }
-    closeEdit();
-    setListIndex(-1);
+    change([&] {
+        if (keyCode == KeyCode::kEnter) {
+            m_items[static_cast<std::size_t>(m_listIndex)].Text = host()->editBox().Text();
+        }
+        moveTo(-1);
+    });
 }
 
 void ucCoolList::EndEdit(bool Save) {
@@ -76,6 +83,7 @@ void ucCoolList::EndEdit(bool Save) {
 /// Hides the editor, whose loss of the keyboard comes back here.
 void ucCoolList::closeEdit() {
     if (!std::exchange(m_isEditing, false)) return;
+    m_scrollsIntoView = true;
     if (host() != nullptr) host()->editBox().close();
 }
 

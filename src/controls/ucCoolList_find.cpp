@@ -55,13 +55,14 @@ int ucCoolList::FindFirst(std::string_view Find, int Start, bool Exact) const {
 
 void ucCoolList::Order() {
     if (ListCount() < 2) return;
-    if (!isMultiple() && isItem(m_listIndex)) m_selected[static_cast<std::size_t>(m_listIndex)] = false;
-    sortItems();
-    m_selected.assign(m_items.size(), false);
-    if (m_listIndex >= 0) setListIndex(-1);
-    m_scroll.setValue(0);
-    repaint();
-    tellAccessible();
+    change([this] {
+        sortItems();
+        m_selected.assign(m_items.size(), false);
+        if (m_listIndex >= 0) moveTo(-1);
+        m_scroll.setValue(0);
+        repaint();
+        tellAccessible();
+    });
 }
 
 /// A shell sort, whose order of equal texts is a part of the result.

@@ -15,6 +15,7 @@ constexpr int kWheelUnitsPerRow = 40;
 constexpr double kStepTimePerPixel = 20;
 constexpr double kLongestStepTime = 500;
 constexpr double kShortestStepTime = 40;
+constexpr int kLongestLook = 5;
 
 /// MousePointer's number of the cursor that sizes by a corner.
 constexpr std::int16_t kSizeNorthWestSouthEast = 8;
@@ -45,12 +46,14 @@ bool ucCoolList::isOnSurface(const PointerInput& place) const {
 void ucCoolList::pointerPressed(const PointerInput& input) {
     const PointerInput place = onSurface(input);
     if (!m_properties.Enabled || !isOnSurface(place)) return;
-    if (place.button != MouseButton::kRight) {
-        m_isMouseDown = true;
-        if (host() != nullptr) host()->captureMouse();
-        if (const auto item = itemUnder(place.y)) pressRow(*item, place.y);
-    }
-    MouseDown.raise(place.button, place.shift, place.x, place.y);
+    change([&] {
+        if (place.button != MouseButton::kRight) {
+            m_isMouseDown = true;
+            if (host() != nullptr) host()->captureMouse();
+            if (const auto item = itemUnder(place.y)) pressRow(*item, place.y);
+        }
+        note(MouseDown, place.button, place.shift, place.x, place.y);
+    });
 }
 
 void ucCoolList::pressRow(int item, float y) {
@@ -58,7 +61,7 @@ void ucCoolList::pressRow(int item, float y) {
     m_selected[index] = !isMultiple() || !m_selected[index];
     if (isMultiple()) m_dragValue = m_selected[index];
     m_lastMouseY = y;
-    setListIndex(item);
+    moveTo(item);
 }
 
 void ucCoolList::pointerMoved(const PointerInput& input) {
@@ -66,12 +69,14 @@ void ucCoolList::pointerMoved(const PointerInput& input) {
     const PointerInput place = onSurface(input);
     m_mouseY = place.y;
     if (place.button == MouseButton::kNone) m_isMouseDown = false;  // its release went to another window
-    if (isOutside(place.y)) {
-        autoScroll();
-    } else if (m_properties.HoverSelection || m_isMouseDown) {
-        dragTo(place.y);
-    }
-    MouseMove.raise(place.button, place.shift, place.x, place.y);
+    const auto life = this->life();
+    if (isDraggedOutside()) autoScroll();
+    if (life.expired()) return;
+    change([&] {
+        const bool selects = m_properties.HoverSelection || m_isMouseDown;
+        if (selects && !isOutside(place.y)) dragTo(place.y);
+        note(MouseMove, place.button, place.shift, place.x, place.y);
+    });
 }
 
 void ucCoolList::dragTo(float y) {
@@ -79,28 +84,33 @@ void ucCoolList::dragTo(float y) {
     if (!item || visibleRowAt(y) == visibleRowAt(m_lastMouseY)) return;
     m_selected[static_cast<std::size_t>(*item)] = m_dragValue;
     m_lastMouseY = y;
-    setListIndex(*item);
+    moveTo(*item);
 }
 
 bool ucCoolList::isOutside(float y) const {
     return y < 0 || y >= static_cast<float>(surfaceHeight());
 }
 
+bool ucCoolList::isDraggedOutside() const {
+    return host() != nullptr && m_isMouseDown && isOutside(m_mouseY);
+}
+
 /// Runs while the button is down and the pointer outside. Moves come in nested from the pending events; they
-/// only tell this one loop where the pointer is.
+/// only tell this one loop where the pointer is, and so how fast it steps. Both they and the handlers of a
+/// step may end the list.
 void ucCoolList::autoScroll() {
-    if (m_isAutoScrolling || !m_isMouseDown || host() == nullptr) return;
-    m_isAutoScrolling = true;
+    if (std::exchange(m_isAutoScrolling, true)) return;
+    const auto life = this->life();
     std::uint32_t lastStep = host()->GetTickCount();
-    while (host() != nullptr && m_isMouseDown && isOutside(m_mouseY)) {
+    while (!life.expired() && isDraggedOutside()) {
+        host()->runPendingEvents(kLongestLook);
+        if (life.expired() || !isDraggedOutside()) continue;
         const std::uint32_t now = host()->GetTickCount();
-        if (now - lastStep > stepTime()) {
-            lastStep = now;
-            stepOutwards();
-        }
-        if (host() != nullptr) host()->runPendingEvents();
+        if (now - lastStep <= stepTime()) continue;
+        lastStep = now;
+        change([this] { stepOutwards(); });
     }
-    m_isAutoScrolling = false;
+    if (!life.expired()) m_isAutoScrolling = false;
 }
 
 /// Milliseconds from step to step: the farther outside, the fewer.
@@ -116,7 +126,7 @@ void ucCoolList::stepOutwards() {
     const int next = m_listIndex + (m_mouseY < 0 ? -1 : 1);
     if (!isItem(next)) return;
     if (isMultiple()) m_selected[static_cast<std::size_t>(next)] = m_dragValue;
-    setListIndex(next);
+    moveTo(next);
 }
 
 void ucCoolList::pointerReleased(const PointerInput& input) {
@@ -124,8 +134,10 @@ void ucCoolList::pointerReleased(const PointerInput& input) {
     m_dragValue = true;
     if (!m_properties.Enabled) return;
     const PointerInput place = onSurface(input);
+    const auto life = this->life();
     MouseUp.raise(place.button, place.shift, place.x, place.y);
-    if (wasPressed && isOnSurface(place) && m_listIndex > -1) Click.raise();
+    if (life.expired() || !wasPressed || !isOnSurface(place) || m_listIndex < 0) return;
+    Click.raise();
 }
 
 /// Stands in for the second press.
@@ -144,8 +156,11 @@ void ucCoolList::wheelTurned(const WheelInput& input) {
 
 bool ucCoolList::keyPressed(const KeyInput& input) {
     if (!m_properties.Enabled) return false;
-    const bool isOwn = isItem(m_listIndex) && obeyKey(input.keyCode);
-    KeyDown.raise(input.keyCode, input.shift);
+    bool isOwn = false;
+    change([&] {
+        isOwn = isItem(m_listIndex) && obeyKey(input.keyCode);
+        note(KeyDown, input.keyCode, input.shift);
+    });
     return isOwn;
 }
 
@@ -154,26 +169,26 @@ bool ucCoolList::obeyKey(std::int16_t keyCode) {
     const int last = ListCount() - 1;
     switch (keyCode) {
         case KeyCode::kUp:
-            if (m_listIndex > 0) setListIndex(m_listIndex - 1);
+            if (m_listIndex > 0) moveTo(m_listIndex - 1);
             return true;
         case KeyCode::kDown:
-            if (m_listIndex < last) setListIndex(m_listIndex + 1);
+            if (m_listIndex < last) moveTo(m_listIndex + 1);
             return true;
         case KeyCode::kPageUp:
-            setListIndex(std::max(m_listIndex - m_visibleRows, 0));
+            moveTo(std::max(m_listIndex - m_visibleRows, 0));
             return true;
         case KeyCode::kPageDown:
-            setListIndex(std::min(m_listIndex + m_visibleRows, last));
+            moveTo(std::min(m_listIndex + m_visibleRows, last));
             return true;
         case KeyCode::kHome:
-            setListIndex(0);
+            moveTo(0);
             return true;
         case KeyCode::kEnd:
-            setListIndex(last);
+            moveTo(last);
             return true;
         case KeyCode::kSpace:
             if (isMultiple()) setItemSelected(m_listIndex, !ItemSelected(m_listIndex));
-            Click.raise();
+            note(Click);
             return true;
         default:
             return false;

@@ -68,15 +68,15 @@ void ucCoolList::hostChanged() {
     m_isMouseDown = false;
     m_scroll.setClient(host() != nullptr ? &host()->verticalScrollBar() : nullptr);
     showCursor();
-    layout();
+    change([this] { layout(); });
 }
 
 void ucCoolList::sizeChanged() {
-    layout();
+    change([this] { layout(); });
 }
 
 void ucCoolList::appearanceChanged() {
-    layout();
+    change([this] { layout(); });
 }
 
 void ucCoolList::layout() {
@@ -137,20 +137,25 @@ void ucCoolList::setTopIndex(int value) {
     if (value < 0 || value > ListCount() - m_visibleRows) {
         throw RuntimeError(ErrorNumber::InvalidPropertyValue);
     }
+    change([&] { scrollTo(value); });
+}
+
+/// What setting TopIndex does.
+void ucCoolList::scrollTo(int top) {
     closeEdit();
-    m_topIndex = value;
+    m_topIndex = top;
     m_lastMouseY = -1;  // another row is under the pointer now
-    m_scroll.setValue(value);
+    m_scroll.setValue(top);
     repaint();
-    TopIndexChange.raise();
+    note(TopIndexChange);
 }
 
 void ucCoolList::bringIntoView() {
     if (m_listIndex < 0 || m_visibleRows == 0) return;
     if (m_listIndex < m_topIndex) {
-        setTopIndex(m_listIndex);
+        scrollTo(m_listIndex);
     } else if (m_listIndex > m_topIndex + m_visibleRows - 1) {
-        setTopIndex(m_listIndex - m_visibleRows + 1);
+        scrollTo(m_listIndex - m_visibleRows + 1);
     }
 }
 
@@ -161,8 +166,8 @@ void ucCoolList::scrolled() {
     m_lastMouseY = -1;
     closeEdit();
     repaint();
-    Scroll.raise();
-    TopIndexChange.raise();
+    note(Scroll);
+    note(TopIndexChange);
 }
 
 }  // namespace mobrel

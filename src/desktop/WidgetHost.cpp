@@ -3,10 +3,10 @@
 
 #include <QAbstractEventDispatcher>
 #include <QMenu>
+#include <QTimer>
 #include <QWindow>
 #include <chrono>
 #include <cmath>
-#include <thread>
 
 #include "desktop/ControlAccessible.hpp"
 #include "desktop/Cursors.hpp"
@@ -108,12 +108,14 @@ EditBox& WidgetHost::editBox() {
     return *m_editor;
 }
 
-/// A loop that waits for events takes a nap while there are none, so that it leaves the processor alone.
-void WidgetHost::runPendingEvents() {
-    constexpr std::chrono::milliseconds kNap{1};
+void WidgetHost::runPendingEvents(int longestWait) {
     const RunningEvents running;
-    const bool hadSome = QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents);
-    if (!hadSome) std::this_thread::sleep_for(kNap);
+    QTimer alarm;  // an event of its own, which ends the wait
+    alarm.setSingleShot(true);
+    alarm.setTimerType(Qt::PreciseTimer);
+    alarm.start(longestWait);
+    QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents |
+                                                        QEventLoop::WaitForMoreEvents);
 }
 
 std::uint32_t WidgetHost::GetTickCount() const {

@@ -30,7 +30,7 @@ class WidgetHost final : public ControlHost {
     int popUp(std::span<const MenuLine> lines, int x, int y) override;
     ScrollBar& verticalScrollBar() override;
     EditBox& editBox() override;
-    void runPendingEvents() override;
+    void runPendingEvents(int longestWait) override;
     std::uint32_t GetTickCount() const override;
     bool isWindowMaximized() const override;
     void startWindowSizing() override;

@@ -94,8 +94,9 @@ class ControlHost {
     virtual ScrollBar& verticalScrollBar() = 0;
     virtual EditBox& editBox() = 0;
 
-    /// Lets waiting input come in, as a loop inside a handler needs it.
-    virtual void runPendingEvents() = 0;
+    /// Lets waiting input come in, as a loop inside a handler needs it. While there is none, it waits up to
+    /// so many milliseconds for some. The control and its host may be gone afterwards.
+    virtual void runPendingEvents(int longestWait) = 0;
     /// Milliseconds that only go up; wraps at 32 bits.
     virtual std::uint32_t GetTickCount() const = 0;
 

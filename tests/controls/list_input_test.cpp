@@ -188,6 +188,7 @@ TEST(ListMouse, AutoScrollsFasterTheFartherOutside) {
         list.pointerMoved(place(c.y));
         EXPECT_EQ(list.ListIndex(), isUpward ? row - 2 : row + 2) << c.y << " at scale " << c.scale;
         EXPECT_EQ(window.host.now, 3U * static_cast<unsigned>(c.stepTime) + 3);
+        EXPECT_GT(window.host.waitAsked, 0) << "it would keep a processor busy";
     }
 }
 
@@ -329,7 +330,7 @@ TEST(ListEdit, StandsOverTheText) {
     }
 }
 
-TEST(ListEdit, NeedsACurrentItemAndBringsItIntoView) {
+TEST(ListEdit, NeedsACurrentItemAndFixesTheRowsWhileItIsOpen) {
     ListWindow window(20);
     window.list.StartEdit();
     EXPECT_FALSE(window.host.edit.isOpen);
@@ -337,6 +338,13 @@ TEST(ListEdit, NeedsACurrentItemAndBringsItIntoView) {
     window.list.setTopIndex(0);
     window.list.StartEdit();
     EXPECT_EQ(std::tuple(window.host.edit.isOpen, window.list.TopIndex()), std::tuple(true, 8));
+    window.list.setListIndex(3);
+    EXPECT_EQ(window.list.TopIndex(), 8);
+    window.list.setListIndex(12);
+    window.list.StartEdit();
+    window.host.edit.close();
+    window.list.setListIndex(3);
+    EXPECT_EQ(window.list.TopIndex(), 3);
 }
 
 TEST(ListAccess, SelectsAsAUserDoes) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <memory>
 #include <string>
 #include <tuple>
 
@@ -14,6 +15,7 @@ namespace {
 
 using test::addItems;
 using test::errorOf;
+using test::kRow;
 using test::ListWindow;
 using test::selectionOf;
 using test::textsOf;
@@ -174,7 +176,7 @@ TEST(ListItems, ClearForgetsEverything) {
     EXPECT_EQ(std::tuple(window.list.ListCount(), window.list.ListIndex(), window.list.TopIndex(),
                          window.host.scrollBar.Visible()),
               std::tuple(0, -1, -1, false));
-    EXPECT_EQ(window.takeLog(), "Scroll Top0 ");
+    EXPECT_EQ(window.takeLog(), "Scroll Top-1 ");
     window.list.AddItem("again");
     EXPECT_EQ(window.list.TopIndex(), 0);
     EXPECT_EQ(window.host.shown.back(), test::rowInImage(0));
@@ -200,12 +202,7 @@ TEST(ListItems, HandlersMayChangeTheList) {
             if (depth++ == 0) change(list);
             --depth;
         };
-        list.Click.connect(act);
-        list.ListIndexChange.connect(act);
-        list.TopIndexChange.connect(act);
-        list.Scroll.connect(act);
-        list.MouseDown.connect([&](auto...) { act(); });
-        list.KeyDown.connect([&](auto...) { act(); });
+        test::hearAll(list, act);
         for (int round = 0; round < 3; ++round) {
             window.click(4);
             window.move(1, MouseButton::kNone);
@@ -221,6 +218,66 @@ TEST(ListItems, HandlersMayChangeTheList) {
         EXPECT_LE(list.TopIndex(), std::max(list.ListCount() - test::kRows, 0));
         EXPECT_TRUE(window.host.isAllShown());
     }
+}
+
+TEST(ListItems, HandlersMayEndTheList) {
+    const std::function<void(ListWindow&)> steps[] = {
+        [](ListWindow& w) { w.press(4); },
+        [](ListWindow& w) { w.release(4); },
+        [](ListWindow& w) { w.list.pointerDoubleClicked(ListWindow::over(4)); },
+        [](ListWindow& w) { w.key(KeyCode::kEnd); },
+        [](ListWindow& w) { w.key(KeyCode::kSpace); },
+        [](ListWindow& w) { w.list.RemoveItem(19); },
+        [](ListWindow& w) { w.list.wheelTurned({.vertical = 120}); },
+        [](ListWindow& w) { w.host.scrollBar.setValue(0); },
+        [](ListWindow& w) { w.list.setListIndex(5); },
+        [](ListWindow& w) { w.list.InsertItem(0, "new"); },
+        [](ListWindow& w) { w.list.setTopIndex(14); },
+        [](ListWindow& w) { w.list.StartEdit(); },
+        [](ListWindow& w) { w.host.edit.KeyDown.raise(KeyCode::kEnter); },
+        [](ListWindow& w) { w.list.selectAccessibleItem(9); },
+        [](ListWindow& w) { w.press(4); },
+        [](ListWindow& w) {
+            w.list.pointerMoved({MouseButton::kLeft, 0, 10, 999});
+        },
+        [](ListWindow& w) { w.list.setTopIndex(0); },
+        [](ListWindow& w) { w.list.setListIndex(19); },
+        [](ListWindow& w) { w.list.setItemHeight(kRow * 2); },
+        [](ListWindow& w) { w.list.setItemHeightAuto(false); },
+        [](ListWindow& w) { w.list.setTopIndex(w.list.ListCount() - 2); },
+        [](ListWindow& w) { w.list.setItemHeightAuto(true); },
+        [](ListWindow& w) { w.list.Order(); },
+        [](ListWindow& w) { w.list.setTopIndex(3); },
+        [](ListWindow& w) { w.list.Clear(); },
+    };
+    int last = 0;
+    for (bool hasEnded = true; hasEnded;) {
+        ++last;
+        auto window = std::make_unique<ListWindow>(20);
+        int raised = 0;
+        test::hearAll(window->list, [&] {
+            if (++raised == last) window.reset();
+        });
+        window->host.millisecondsPerLook = 50;
+        int looks = 0;
+        window->host.pendingEvents = [&] {
+            if (++looks == 20) window->release(4);
+        };
+        for (const auto& step : steps) {
+            if (window) step(*window);
+        }
+        hasEnded = window == nullptr;
+        EXPECT_EQ(raised, hasEnded ? last : last - 1) << "events were raised behind the last";
+    }
+    EXPECT_GT(last, 35);
+
+    auto window = std::make_unique<ListWindow>(20);  // ended by an event that the auto-scroll let in
+    window->press(4);
+    int raised = 0;
+    test::hearAll(window->list, [&] { ++raised; });
+    window->host.pendingEvents = [&] { window.reset(); };
+    window->list.pointerMoved({MouseButton::kLeft, 0, 10, 999});
+    EXPECT_EQ(raised, 0);
 }
 
 TEST(ListItems, AThousandItemsWithoutAWindow) {

@@ -76,6 +76,18 @@ struct ListWindow {
     std::string log;
 };
 
+/// Connects a call without arguments to every event that the tests raise.
+template <typename Call>
+void hearAll(ucCoolList& list, const Call& call) {
+    const auto any = [call](auto...) { call(); };
+    for (Event<>* event :
+         {&list.Click, &list.DblClick, &list.ListIndexChange, &list.Scroll, &list.TopIndexChange}) {
+        event->connect(any);
+    }
+    for (auto* event : {&list.MouseDown, &list.MouseMove, &list.MouseUp}) event->connect(any);
+    list.KeyDown.connect(any);
+}
+
 /// Where a row stands in the image of a list without a scroll bar.
 inline Rect rowInImage(int row, int width = 100) {
     return {kBorder, kBorder + row * kRow, width - kBorder, kBorder + (row + 1) * kRow};

@@ -297,7 +297,7 @@ TEST_F(Widget, WaitingInputComesInWhereALoopAsksForIt) {
     m_control.next = [&] {
         const std::uint32_t start = m_control.host()->GetTickCount();
         while (m_control.heard.size() < 2 && m_control.host()->GetTickCount() - start < 5000) {
-            m_control.host()->runPendingEvents();
+            m_control.host()->runPendingEvents(5);
         }
         inside = m_control.heard;
     };

@@ -141,9 +141,11 @@ class FakeHost : public ControlHost {
     }
     ScrollBar& verticalScrollBar() override { return scrollBar; }
     EditBox& editBox() override { return edit; }
-    void runPendingEvents() override {
+    void runPendingEvents(int longestWait) override {
+        waitAsked = longestWait;
         now += millisecondsPerLook;
-        if (pendingEvents) pendingEvents();
+        const auto events = pendingEvents;  // they may end this host
+        if (events) events();
     }
     std::uint32_t GetTickCount() const override { return now; }
     bool isWindowMaximized() const override { return isMaximized; }
@@ -158,6 +160,7 @@ class FakeHost : public ControlHost {
     int requestedHeight = 0;
     std::vector<Menu> menus;
     int sizings = 0;
+    int waitAsked = 0;
     int accessibleChanges = 0;
 
     // What it is answered.
