@@ -123,8 +123,9 @@ void ucProgress::pointerReleased(const PointerInput& input) {
     if (!m_enabled) return;
     const bool isInside = input.x >= 0 && input.x < static_cast<float>(width()) &&  //
                           input.y >= 0 && input.y < static_cast<float>(height());
+    const auto life = this->life();
     MouseUp.raise(input.button, input.shift, insideX(input), insideY(input));
-    if (isInside && input.button != MouseButton::kMiddle) Click.raise();
+    if (!life.expired() && isInside && input.button != MouseButton::kMiddle) Click.raise();
 }
 
 std::string ucProgress::accessibleValue() const {

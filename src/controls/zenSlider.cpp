@@ -24,7 +24,9 @@ void zenSlider::setMax(std::int32_t value) {
 void zenSlider::setMin(std::int32_t value) {
     if (value >= m_max) throw RuntimeError(ErrorNumber::InvalidPropertyValue);
     m_min = value;
+    const auto life = this->life();
     setValue(value);
+    if (life.expired()) return;
     m_range = std::int64_t{m_max} - m_min;  // a handler may have set them again
     if (host() != nullptr) host()->accessibleChanged();
 }
@@ -37,10 +39,11 @@ void zenSlider::setValue(std::int32_t value) {
     repaint();
     m_previousValue = m_value;
     if (host() != nullptr) host()->accessibleChanged();
-    // A handler may set Value; what is told then is the Value of that moment.
+    // A handler may set Value; what is told then is the Value of that moment. Or it ends the slider.
+    const auto life = this->life();
     ValueChanged.raise();
-    if (m_value == m_max) ArrivedLast.raise();
-    if (m_value == m_min) ArrivedFirst.raise();
+    if (!life.expired() && m_value == m_max) ArrivedLast.raise();
+    if (!life.expired() && m_value == m_min) ArrivedFirst.raise();
 }
 
 void zenSlider::setOrientation(SliderOrientation orientation) {

@@ -88,6 +88,8 @@ class zenSlider : public Control {
     void pointerPressed(const PointerInput& input) override;
     void pointerMoved(const PointerInput& input) override;
     void pointerReleased(const PointerInput& input) override;
+    /// The second press of two is one as any other.
+    void pointerDoubleClicked(const PointerInput& input) override { pointerPressed(input); }
     /// A step a notch, upwards and to the right to greater values.
     void wheelTurned(const WheelInput& input) override;
     /// Arrows: a step. Page keys: a tenth of the range. Home and End: Min and Max.

@@ -21,6 +21,7 @@ void zenSlider::pointerPressed(const PointerInput& input) {
     if (host() != nullptr) host()->captureMouse();
     const auto knobWidth = static_cast<float>(this->knobWidth());
     const auto knobHeight = static_cast<float>(this->knobHeight());
+    const auto life = this->life();
     const bool isOnKnob = input.x >= m_left && input.x <= m_left + knobWidth &&  //
                           input.y >= m_top && input.y <= m_top + knobHeight;
     if (isOnKnob) {
@@ -30,24 +31,26 @@ void zenSlider::pointerPressed(const PointerInput& input) {
         m_dX = knobWidth / 2;
         m_dY = knobHeight / 2;
         dragTo(input);
+        if (life.expired()) return;
     }
     std::int16_t shift = input.shift;
     MouseDown.raise(shift);
 }
 
 void zenSlider::pointerMoved(const PointerInput& input) {
+    if ((input.button & MouseButton::kLeft) == 0) m_isDragging = false;  // its release went to another window
     if (m_isDragging) dragTo(input);
 }
 
 void zenSlider::pointerReleased(const PointerInput& input) {
     const bool isInside = input.x >= 0 && input.x < static_cast<float>(width()) &&  //
                           input.y >= 0 && input.y < static_cast<float>(height());
+    const auto life = this->life();
     if (m_enabled && input.button == MouseButton::kLeft && isInside) Click.raise();
-    if (m_isDragging) {
-        std::int16_t shift = input.shift;
-        MouseUp.raise(shift);
-    }
-    m_isDragging = false;
+    if (life.expired() || !m_isDragging) return;
+    std::int16_t shift = input.shift;
+    MouseUp.raise(shift);
+    if (!life.expired()) m_isDragging = false;
 }
 
 /// The knob follows the pointer as far as it can go, and from there to the nearest value.
@@ -56,6 +59,7 @@ void zenSlider::dragTo(const PointerInput& input) {
     if (m_range <= 0 || travel() == 0) return;
     const float held = isHorizontal() ? input.x - m_dX : input.y - m_dY;
     float& place = isHorizontal() ? m_left : m_top;
+    const float before = place;
     if (held < 0) {
         place = 0;
     } else {
@@ -63,6 +67,7 @@ void zenSlider::dragTo(const PointerInput& input) {
     }
     const std::int32_t value = valueUnderKnob();
     placeAlong(value);
+    if (value == m_value && place != before) repaint();  // after a new Max it stood elsewhere
     setValue(value);
 }
 

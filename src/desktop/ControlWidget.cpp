@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QPointer>
 #include <utility>
 
 #include "desktop/Boundary.hpp"
@@ -133,9 +134,12 @@ void ControlWidget::keyPressEvent(QKeyEvent* event) {
     const KeyInput input = keyInput(*event);
     const auto characters = event->text().toUcs4();
     event->ignore();
+    const QPointer<ControlWidget> self(this);  // a handler may close the window
     enterCore([&] {
         if (input.keyCode != 0 && m_control.keyPressed(input)) event->accept();
-        for (const uint character : characters) m_control.keyTyped(character);
+        for (const uint character : characters) {
+            if (self) m_control.keyTyped(character);
+        }
     });
 }
 

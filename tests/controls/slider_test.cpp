@@ -156,6 +156,13 @@ TEST(ZenSlider, MovesToANewMinimumButNotToANewMaximum) {
     stage.slider.setMax(20);
     EXPECT_EQ(stage.takeEvents(), "");
     EXPECT_EQ(stage.slider.knobRect().left, 50);
+    stage.press(33, 3);  // where 5 of 20 stands
+    EXPECT_EQ(stage.slider.knobRect().left, 25);
+    const auto shown = stage.host.screen();
+    stage.slider.appearanceChanged();
+    EXPECT_EQ(shown, stage.host.screen());
+    stage.release(200, 3);
+    stage.takeEvents();
     stage.slider.setMin(-5);
     EXPECT_EQ(stage.takeEvents(), "-5 First");
     EXPECT_EQ(stage.slider.knobRect().left, 0);
@@ -222,6 +229,11 @@ TEST(ZenSlider, RaisesItsEventsInOrder) {
         {[](Stage& s) { s.slider.setEnabled(false), s.press(58, 3), s.move(70, 3), s.release(58, 3); }, ""},
         {[](Stage& s) { s.slider.setEnabled(false), s.slider.setValue(10); }, "10 Last"},
         {[](Stage& s) { s.move(58, 3); }, ""},
+        {[](Stage& s) { s.press(3, 3), s.slider.pointerMoved({}), s.move(58, 3); }, "Down/2"},
+        {[](Stage& s) {
+             s.slider.pointerDoubleClicked({1, 0, 58, 3}), s.move(68, 3);
+         },
+         "5 Down/0 6"},
     };
     for (const auto& row : kRows) {
         SCOPED_TRACE(&row - kRows);
@@ -255,6 +267,30 @@ TEST(ZenSlider, StandsHandlersThatChangeIt) {
     shrinking.slider.ValueChanged.connect([&] { shrinking.host.resize(0, 0, 1); });
     shrinking.press(100, 8);
     EXPECT_EQ(shrinking.slider.width(), 16);
+}
+
+TEST(ZenSlider, StandsHandlersThatEndIt) {
+    const Acts steps[] = {[](Stage& s) { s.press(108, 3); }, [](Stage& s) { s.release(108, 3); },
+                          [](Stage& s) { s.slider.setMin(-5); }, [](Stage& s) { s.key(KeyCode::kEnd); }};
+    constexpr int kEvents = 9;  // 10 Last Down, Click Up, -5 First, 10 Last
+    for (int last = 1; last <= kEvents; ++last) {
+        auto stage = std::make_unique<Stage>();
+        int raised = 0;
+        const auto count = [&](auto&&...) {
+            if (++raised == last) stage.reset();
+        };
+        zenSlider& slider = stage->slider;
+        for (Event<>* event :
+             {&slider.Click, &slider.ArrivedFirst, &slider.ArrivedLast, &slider.ValueChanged}) {
+            event->connect(count);
+        }
+        for (auto* event : {&slider.MouseDown, &slider.MouseUp}) event->connect(count);
+        for (const Acts& step : steps) {
+            if (stage) step(*stage);
+        }
+        EXPECT_EQ(stage, nullptr);
+        EXPECT_EQ(raised, last);
+    }
 }
 
 TEST(ZenSlider, LeavesTheKnobWhereThereIsNothingToChoose) {
