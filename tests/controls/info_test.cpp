@@ -10,6 +10,7 @@
 #include "controls/ucInfo.hpp"
 #include "support/FakeHost.hpp"
 #include "support/LetterColors.hpp"
+#include "support/NotedTexts.hpp"
 #include "support/PictureGrid.hpp"
 #include "support/PrintRect.hpp"
 
@@ -18,35 +19,8 @@ namespace {
 
 using test::FakeHost;
 using test::LetterColors;
+using test::NotedTexts;
 using test::PictureGrid;
-
-/// Notes the texts that are drawn, in the place of fonts.
-class NotedTexts : public TextService {
- public:
-    struct Line {
-        Rect rect;
-        std::string text;
-        Color color;
-    };
-
-    explicit NotedTexts(int height = 13) : m_height(height) { setTextService(this); }
-    ~NotedTexts() override { setTextService(nullptr); }
-
-    int lineHeight(const TextFont&, double scale) const override {
-        return static_cast<int>(m_height * scale);
-    }
-    int textWidth(std::string_view, const TextFont&, double) const override { return 0; }
-    void draw(DeviceContext&, const Rect& rect, std::string_view text, const TextFont&, double, Color color,
-              unsigned flags) const override {
-        EXPECT_EQ(flags, 0U);
-        lines.push_back({rect, std::string(text), color});
-    }
-
-    mutable std::vector<Line> lines;
-
- private:
-    int m_height;
-};
 
 TEST(UcInfo, LaysItsPanesOutFromTheRight) {
     const struct {
@@ -102,6 +76,7 @@ TEST(UcInfo, WritesItsTextsAtOnce) {
     EXPECT_EQ(texts.lines.at(0).text, "b.bmp");
     EXPECT_EQ(texts.lines.at(1).text, "3x4");
     EXPECT_EQ(texts.lines.at(2).text, "100%");
+    EXPECT_EQ(texts.lines.at(0).flags, 0U);
     EXPECT_EQ(texts.lines.at(0).color, GetSysColor(SystemColor::WindowText));
     EXPECT_EQ(texts.lines.at(1).color, GetSysColor(SystemColor::ButtonText));
     EXPECT_EQ(texts.lines.at(2).color, GetSysColor(SystemColor::ButtonText));

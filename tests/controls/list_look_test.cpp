@@ -1,23 +1,22 @@
 // SPDX-License-Identifier: MIT
-// Where the rows of the list control stand, what they look like, and its stored properties.
+// Where the rows of the list control stand and what they look like.
 #include <gtest/gtest.h>
 
 #include <memory>
 #include <optional>
 #include <string>
 #include <tuple>
-#include <variant>
 #include <vector>
 
 #include "controls/list_window.hpp"
-#include "platform/Numbers.hpp"
-#include "support/FakePropertyBag.hpp"
+#include "support/NotedTexts.hpp"
 #include "support/PrintRect.hpp"
 
 namespace mobrel {
 namespace {
 
 using test::ListWindow;
+using test::NotedTexts;
 using test::PictureGrid;
 using test::rowInImage;
 
@@ -34,34 +33,6 @@ Color colorAt(const PictureGrid& grid, int x, int y) {
     const std::uint32_t pixel = grid.at(x, y);
     return (pixel >> 16 & 0xFF) | (pixel & 0xFF00) | (pixel & 0xFF) << 16;
 }
-
-/// Notes what is written.
-class TextLog : public TextService {
- public:
-    struct Line {
-        Rect rect;
-        std::string text;
-        bool isBold;
-        Color color;
-        unsigned flags;
-
-        bool operator==(const Line&) const = default;
-    };
-
-    TextLog() { setTextService(this); }
-    ~TextLog() override { setTextService(nullptr); }
-
-    int lineHeight(const TextFont& font, double scale) const override {
-        return roundInt((font.points > 0 ? font.points * 2 : test::kRow) * scale);
-    }
-    int textWidth(std::string_view, const TextFont&, double) const override { return 0; }
-    void draw(DeviceContext&, const Rect& rect, std::string_view text, const TextFont& font, double,
-              Color color, unsigned flags) const override {
-        lines.push_back({rect, std::string(text), font.bold, color, flags});
-    }
-
-    mutable std::vector<Line> lines;
-};
 
 /// Icon 1 is a square of 4 by 4 pixels; there is no other.
 class OneIcon : public ImageList {
@@ -128,7 +99,7 @@ TEST(ListLayout, AWindowThatKeepsItsHeightIsAskedOnce) {
 }
 
 TEST(ListLayout, FollowsTheFont) {
-    const TextLog text;
+    const NotedTexts text;
     ListWindow window(9);
     window.list.setFont({"", 10, false});
     EXPECT_EQ(std::tuple(window.list.height(), window.list.ItemHeight()), std::tuple(64, 20));
@@ -167,7 +138,7 @@ TEST(ListDrawing, LooksOfASelectedRow) {
         {ListLook::Picture, nullptr, {{4, 0, kSelected}, {95, 12, kSelected}}},
     };
     for (const auto& c : cases) {
-        const TextLog text;
+        const NotedTexts text;
         ListWindow window;
         ucCoolListProperties properties;
         properties.BackNormal = kNormal;
@@ -187,7 +158,7 @@ TEST(ListDrawing, LooksOfASelectedRow) {
                 << "look " << static_cast<int>(c.look) << " at " << pixel.x << ", " << pixel.y;
         }
         EXPECT_EQ(colorAt(shown, 50, 2 + 13), kNormal) << "below the last row";
-        EXPECT_EQ(text.lines.back().isBold, c.look == ListLook::Bold);
+        EXPECT_EQ(text.lines.back().font.bold, c.look == ListLook::Bold);
         EXPECT_EQ(text.lines.back().color, GetSysColor(SystemColor::HighlightText));
         EXPECT_TRUE(window.host.isAllShown());
     }
@@ -210,7 +181,7 @@ TEST(ListDrawing, TextAndIconFollowWordWrap) {
         {1.5, true, ListAlignment::Left, {12, 4, 92, 26}, 16, 4, 4},
     };
     for (const auto& c : cases) {
-        const TextLog text;
+        const NotedTexts text;
         ListWindow window;
         ucCoolList& list = window.list;
         list.setItemHeightAuto(false);
@@ -224,7 +195,7 @@ TEST(ListDrawing, TextAndIconFollowWordWrap) {
         window.host.resize(100, 100, c.scale);
         list.AddItem("a", 1, 2);
         EXPECT_EQ(text.lines.back(),
-                  (TextLog::Line{c.text, "a", false, GetSysColor(SystemColor::WindowText), c.flags}))
+                  (NotedTexts::Line{c.text, "a", TextFont(), GetSysColor(SystemColor::WindowText), c.flags}))
             << "scale " << c.scale;
         const int edge = c.scale < 2 ? 2 : 4;
         const PictureGrid shown = window.host.copyOfImage();
@@ -304,56 +275,14 @@ TEST(ListDrawing, Borders) {
 }
 
 TEST(ListDrawing, ADesignNameStandsInPlaceOfTheRows) {
-    const TextLog text;
+    const NotedTexts text;
     ListWindow window(3);
     window.list.setAlignment(ListAlignment::Center);
     window.list.setDesignName("lstFiles");
     const std::size_t count = text.lines.size();
-    EXPECT_EQ(text.lines.back(), (TextLog::Line{{0, 0, 96, 65}, "lstFiles", false, 0, DT_CENTER}));
+    EXPECT_EQ(text.lines.back(), (NotedTexts::Line{{0, 0, 96, 65}, "lstFiles", TextFont(), 0, DT_CENTER}));
     window.list.setItemText(0, "x");
     EXPECT_EQ(text.lines.size(), count);
-}
-
-TEST(ListProperties, StandInTheBagInOrder) {
-    test::FakePropertyBag first;
-    ucCoolListProperties().write(first);
-    EXPECT_EQ(first.keysWritten,
-              (std::vector<std::string>{
-                  "Alignment",       "Appearance",   "BackNormal",     "BackSelected",     "BackSelectedG1",
-                  "BackSelectedG2",  "BorderStyle",  "BoxBorder",      "BoxOffset",        "BoxRadius",
-                  "Enabled",         "Focus",        "Font",           "FontNormal",       "FontSelected",
-                  "HoverSelection",  "ItemHeight",   "ItemHeightAuto", "ItemOffset",       "ItemTextLeft",
-                  "MouseIcon",       "MousePointer", "OrderType",      "SelectionPicture", "SelectMode",
-                  "SelectModeStyle", "WordWrap"}));
-    const auto color = [&](const char* key) { return std::get<std::uint32_t>(first.values.at(key)); };
-    EXPECT_EQ(std::tuple(color("BackSelectedG2"), color("BoxBorder"), color("FontNormal")),
-              std::tuple(0x80000005U, 0x8000000EU, 0x80000008U));
-
-    std::int32_t number = 10;
-    for (auto& [key, value] : first.values) {  // another value for each, in its range
-        if (auto* flag = std::get_if<bool>(&value)) *flag = !*flag;
-        if (auto* font = std::get_if<TextFont>(&value)) *font = {"Sans", 9, true};
-        if (auto* plain = std::get_if<std::uint32_t>(&value)) *plain = static_cast<std::uint32_t>(++number);
-        if (auto* picture = std::get_if<std::shared_ptr<const ControlPicture>>(&value)) {
-            *picture = std::make_shared<const ControlPicture>();
-        }
-        const bool isSize = key.find("Box") == 0 || key.find("Item") == 0 || key == "MousePointer";
-        if (auto* stored = std::get_if<std::int32_t>(&value)) *stored = isSize ? ++number : 1 - *stored;
-    }
-    test::FakePropertyBag second;
-    ucCoolListProperties::read(first).write(second);
-    EXPECT_TRUE(first.values == second.values);
-    EXPECT_EQ(first.keysRead, second.keysWritten);
-}
-
-TEST(ListProperties, ANumberThatAPropertyCannotHaveCountsAsNotThere) {
-    test::FakePropertyBag bag;
-    bag.writeNumber("SelectModeStyle", 7);
-    bag.writeNumber("Alignment", -1);
-    bag.writeNumber("BoxOffset", 70000);
-    const ucCoolListProperties read = ucCoolListProperties::read(bag);
-    EXPECT_EQ(std::tuple(read.SelectModeStyle, read.Alignment, read.BoxOffset),
-              std::tuple(ListLook::Solid, ListAlignment::Left, 1));
 }
 
 }  // namespace
