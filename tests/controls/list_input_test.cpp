@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the user does with the list control: keys, mouse, wheel, the editor, an assistive program.
+// What the user does with the list control: keys, mouse, wheel, the editor.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -345,26 +345,6 @@ TEST(ListEdit, NeedsACurrentItemAndFixesTheRowsWhileItIsOpen) {
     window.host.edit.close();
     window.list.setListIndex(3);
     EXPECT_EQ(window.list.TopIndex(), 3);
-}
-
-TEST(ListAccess, SelectsAsAUserDoes) {
-    ListWindow window(9);
-    ucCoolList& list = window.list;
-    list.selectAccessibleItem(6);
-    EXPECT_EQ(window.takeLog(), "Top2 Index6 Click ");
-    list.selectAccessibleItem(9);
-    list.selectAccessibleItem(-1);
-    EXPECT_EQ(window.takeLog(), "");
-    EXPECT_EQ(std::tuple(list.accessibleItemCount(), list.accessibleItemText(6), list.accessibleItemText(9),
-                         list.accessibleValue()),
-              std::tuple(9, "6", "", "6"));
-    EXPECT_TRUE(list.isAccessibleItemSelected(6));
-    EXPECT_FALSE(list.isAccessibleItemSelected(9));
-    EXPECT_EQ(list.accessibleItemRect(6), (Rect{2, 54, 81, 67}));
-    EXPECT_EQ(list.accessibleItemRect(1), Rect{});
-    const int before = window.host.accessibleChanges;
-    list.setItemText(6, "six");
-    EXPECT_EQ(window.host.accessibleChanges, before + 1);
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Items, selection, searching and sorting of the list control.
+// Items, selection, searching and sorting of the list control, its handlers, and assistive programs.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -9,6 +9,7 @@
 #include <tuple>
 
 #include "controls/list_window.hpp"
+#include "support/PrintRect.hpp"
 
 namespace mobrel {
 namespace {
@@ -278,6 +279,26 @@ TEST(ListItems, HandlersMayEndTheList) {
     window->host.pendingEvents = [&] { window.reset(); };
     window->list.pointerMoved({MouseButton::kLeft, 0, 10, 999});
     EXPECT_EQ(raised, 0);
+}
+
+TEST(ListAccess, SelectsAsAUserDoes) {
+    ListWindow window(9);
+    ucCoolList& list = window.list;
+    list.selectAccessibleItem(6);
+    EXPECT_EQ(window.takeLog(), "Top2 Index6 Click ");
+    list.selectAccessibleItem(9);
+    list.selectAccessibleItem(-1);
+    EXPECT_EQ(window.takeLog(), "");
+    EXPECT_EQ(std::tuple(list.accessibleItemCount(), list.accessibleItemText(6), list.accessibleItemText(9),
+                         list.accessibleValue()),
+              std::tuple(9, "6", "", "6"));
+    EXPECT_TRUE(list.isAccessibleItemSelected(6));
+    EXPECT_FALSE(list.isAccessibleItemSelected(9));
+    EXPECT_EQ(list.accessibleItemRect(6), (Rect{2, 54, 81, 67}));
+    EXPECT_EQ(list.accessibleItemRect(1), Rect{});
+    const int before = window.host.accessibleChanges;
+    list.setItemText(6, "six");
+    EXPECT_EQ(window.host.accessibleChanges, before + 1);
 }
 
 TEST(ListItems, AThousandItemsWithoutAWindow) {
