@@ -18,11 +18,12 @@ constexpr int kPaneTop = 2;
 constexpr int kTextLeft = 4;
 constexpr int kTextTop = 2;
 constexpr int kTextRight = 1;
-/// Of the panes behind the first, both and the last.
-constexpr int kInfoAndZoom = 164;
-constexpr int kZoomAlone = 64;
-/// The line height that the panes are made for.
-constexpr int kDesignedLine = 13;
+constexpr int kInfoWidth = 100;
+constexpr int kZoomWidth = 64;
+
+/// Texts that the panes behind the first always show whole.
+constexpr const char* kUsualInfo = "4000x3000x24bpp";
+constexpr const char* kGreatestZoom = "10000%";
 
 /// The user's own.
 const TextFont kFont;
@@ -41,11 +42,10 @@ int ucInfo::fittingHeight() const {
     return std::max(scaled(kHeight), line);
 }
 
-/// Panes grow with a font that is larger than the one they are made for.
-int ucInfo::paneWidth(double designPixels) const {
-    const double growth =
-        static_cast<double>(lineHeight(kFont, scale())) / std::max(scaled(kDesignedLine), 1);
-    return scaled(designPixels * std::max(growth, 1.0));
+/// A font that is wider than the one they are made for widens them.
+int ucInfo::paneWidth(int designed, const char* text) const {
+    const int needed = scaled(kTextLeft) + textWidth(text, kFont, scale()) + scaled(kTextRight);
+    return std::max(scaled(designed), needed);
 }
 
 void ucInfo::sizeChanged() {
@@ -69,8 +69,8 @@ void ucInfo::placePanes() {
     const int right = width();
     const int bottom = fittingHeight();
     const int gripLeft = right - (host()->isWindowMaximized() ? 0 : scaled(kGripWidth));
-    const int infoLeft = gripLeft - paneWidth(kInfoAndZoom);
-    const int zoomLeft = gripLeft - paneWidth(kZoomAlone);
+    const int zoomLeft = gripLeft - paneWidth(kZoomWidth, kGreatestZoom);
+    const int infoLeft = zoomLeft - paneWidth(kInfoWidth, kUsualInfo);
     const int top = scaled(kPaneTop);
     m_control = {0, 0, right, std::max(bottom, height())};
     m_grip = {gripLeft, 0, right, bottom};

@@ -51,7 +51,7 @@ class ucInfo : public Control {
 
     void setText(std::size_t pane, std::string text);
     int fittingHeight() const;
-    int paneWidth(double designPixels) const;
+    int paneWidth(int designed, const char* text) const;
     void layOut();
     void placePanes();
     void repaint();

@@ -37,7 +37,7 @@ TEST(UcInfo, LaysItsPanesOutFromTheRight) {
         // A window that is too narrow.
         {1, 13, 100, false, 20, {4, 4, -85, 20}, {-80, 4, 15, 20}, {20, 4, 79, 20}},
         // A font of twice the size.
-        {1, 26, 600, false, 31, {4, 4, 251, 31}, {256, 4, 451, 31}, {456, 4, 579, 31}},
+        {1, 26, 600, false, 31, {4, 4, 317, 31}, {322, 4, 502, 31}, {507, 4, 579, 31}},
     };
     for (const auto& row : kRows) {
         SCOPED_TRACE(::testing::Message() << row.width << " at " << row.scale);

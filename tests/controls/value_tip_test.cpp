@@ -30,15 +30,15 @@ TEST(ValueTipTest, FramesItsTextInItsOwnSize) {
     frmValueTip tip;
     tip.setLblTip("123");  // before there is a window
     FakeHost host(tip, 0, 0);
-    EXPECT_EQ(std::tuple(tip.width(), tip.height(), tip.accessibleValue()), std::tuple(14, 7, "123"));
+    EXPECT_EQ(std::tuple(tip.width(), tip.height(), tip.accessibleValue()), std::tuple(11, 7, "123"));
     tip.setLblTip("");
     const std::string line = "l~~~~~~d";
     EXPECT_EQ(host.screen(), picture({"llllllld", line, line, line, line, line, "dddddddd"}));
     tip.setLblTip("10");
     EXPECT_EQ(texts.lines.back(),
-              (test::NotedTexts::Line{{0, 0, 12, 7}, "10", {.family = "Tahoma"}, 0x000000, 37}));
+              (test::NotedTexts::Line{{0, 0, 10, 7}, "10", {.family = "Tahoma"}, 0x000000, 37}));
     host.resize(8, 7, 2);
-    EXPECT_EQ(std::tuple(tip.width(), tip.height()), std::tuple(24, 14));
+    EXPECT_EQ(std::tuple(tip.width(), tip.height()), std::tuple(20, 14));
     EXPECT_TRUE(host.isAllShown());
 
     const struct : SystemColors {
@@ -47,7 +47,7 @@ TEST(ValueTipTest, FramesItsTextInItsOwnSize) {
     setSystemColors(&scheme);
     tip.appearanceChanged();
     setSystemColors(nullptr);
-    EXPECT_EQ(std::tuple(host.screen().at(1, 1), host.screen().at(22, 13), host.screen().at(7, 7)),
+    EXPECT_EQ(std::tuple(host.screen().at(1, 1), host.screen().at(18, 13), host.screen().at(7, 7)),
               std::tuple(0x161616U, 0x151515U, 0x181818U));
 }
 

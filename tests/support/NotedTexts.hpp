@@ -11,8 +11,8 @@
 
 namespace mobrel::test {
 
-/// Serves while it lives. A line is two pixels high for each point of its font, or as high as told, and two
-/// thirds as wide for each character.
+/// Serves while it lives. A line is two pixels high for each point of its font, or as high as told, and
+/// six thirteenths as wide for each character, as in a small font.
 class NotedTexts : public TextService {
  public:
     struct Line {
@@ -34,7 +34,7 @@ class NotedTexts : public TextService {
         return roundInt((font.points > 0 ? font.points * 2 : m_height) * scale);
     }
     int textWidth(std::string_view text, const TextFont& font, double scale) const override {
-        return lineHeight(font, scale) * 2 / 3 * static_cast<int>(text.size());
+        return lineHeight(font, scale) * 6 / 13 * static_cast<int>(text.size());
     }
     void draw(DeviceContext&, const Rect& rect, std::string_view text, const TextFont& font, double,
               Color color, unsigned flags) const override {
