@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/Application.hpp"
 
+#include <QImageReader>
+
 #include "desktop/ControlAccessible.hpp"
 #include "desktop/LostDisplay.hpp"
 
@@ -9,6 +11,7 @@ namespace mobrel {
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     setApplicationDisplayName("Mobrel");
     setQuitOnLastWindowClosed(false);
+    QImageReader::setAllocationLimit(0);  // of pictures that are pasted; Qt's is 128 MB
     setSystemColors(&m_colors);
     setTextService(&m_text);
     installControlAccessibility();

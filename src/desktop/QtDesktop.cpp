@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/QtDesktop.hpp"
 
+#include <QClipboard>
 #include <QCursor>
 #include <QGuiApplication>
 
 #include "desktop/LostDisplay.hpp"
 #include "desktop/MessageBox.hpp"
+#include "desktop/PastedPicture.hpp"
 
 namespace mobrel {
 
@@ -36,6 +38,22 @@ class QtWindows final : public Windows {
     bool m_isHourglass = false;
 };
 
+class QtClipboard final : public Clipboard {
+ public:
+    // What is copied outlives the program, which Qt's own does not.
+    void copyPicture(const PictureView& picture) override {
+        consoleDesktop().clipboard->copyPicture(picture);
+    }
+    bool hasPicture() override {
+        const QMimeData* const offered = QGuiApplication::clipboard()->mimeData();
+        return offered != nullptr && mobrel::hasPicture(*offered);
+    }
+    std::unique_ptr<StdPicture> picture() override {
+        const QMimeData* const offered = QGuiApplication::clipboard()->mimeData();
+        return offered != nullptr ? pictureOf(*offered) : nullptr;
+    }
+};
+
 class QtPendingEvents final : public PendingEvents {
  public:
     void run() override {
@@ -48,8 +66,9 @@ class QtPendingEvents final : public PendingEvents {
 
 Desktop qtDesktop() {
     static QtWindows windows;
+    static QtClipboard clipboard;
     static QtPendingEvents pendingEvents;
-    return {&windows, consoleDesktop().clipboard, &pendingEvents};
+    return {&windows, &clipboard, &pendingEvents};
 }
 
 }  // namespace mobrel

@@ -6,7 +6,7 @@
 
 namespace mobrel {
 
-/// Needs an Application. The clipboard is the console's, which outlives the program.
+/// Needs an Application.
 Desktop qtDesktop();
 
 }  // namespace mobrel

@@ -20,8 +20,7 @@ class ConsoleWindows final : public Windows {
     }
 
     bool showDialog(std::string_view, int) override {
-        tell(
-            "this start needs a dialog (Filter in config.ini), and dialogs are not part of this version yet");
+        tell("this start needs a dialog (Filter in config.ini), and there is no display to show it on");
         return false;
     }
 

@@ -2,9 +2,11 @@
 // Everything that needs a screen, as small interfaces; and what stands in for them without one.
 #pragma once
 
+#include <memory>
 #include <string_view>
 
 #include "platform/PictureView.hpp"
+#include "platform/StdPicture.hpp"
 
 namespace mobrel {
 
@@ -37,6 +39,11 @@ class Clipboard {
     /// Puts a copy of the picture there, in place of what was there; it outlives the program. Without a
     /// display nothing happens. What prevents it otherwise is told; it is no error.
     virtual void copyPicture(const PictureView& picture) = 0;
+
+    /// Whether a program offers a picture there.
+    virtual bool hasPicture() { return false; }
+    /// Fetches it. Null when there is none, or none that can be read.
+    virtual std::unique_ptr<StdPicture> picture() { return nullptr; }
 };
 
 /// The window events that wait while a command runs.
@@ -56,7 +63,8 @@ struct Desktop {
 };
 
 /// A desktop without a display: messages go to standard error and count as answered with their default
-/// button, no dialog can be shown, and no events wait. Its clipboard is the screen's, where there is one.
+/// button, no dialog can be shown, and no events wait. What is copied goes to the clipboard of the screen,
+/// where there is one; nothing can be pasted.
 Desktop consoleDesktop();
 
 }  // namespace mobrel

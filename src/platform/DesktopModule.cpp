@@ -36,8 +36,27 @@ const Desktop* openModule() {
     return desktop != nullptr ? desktop : tellNoDesktop("the display does not answer");
 }
 
+/// The desktop that is opened at the first need.
+class ModuleOnDemand {
+ public:
+    const Desktop& opened() {
+        if (m_opened.windows == nullptr) {
+            const Desktop* const module = openModule();
+            m_opened = module != nullptr ? *module : consoleDesktop();
+        }
+        return m_opened;
+    }
+    /// Null before.
+    const Desktop* ifOpened() const { return m_opened.windows != nullptr ? &m_opened : nullptr; }
+
+ private:
+    Desktop m_opened{};
+};
+
 class WindowsOnDemand final : public Windows {
  public:
+    explicit WindowsOnDemand(ModuleOnDemand& module) : m_module(module) {}
+
     MessageAnswer message(std::string_view text, MessageIcon icon, MessageButtons buttons) override {
         return opened().windows->message(text, icon, buttons);
     }
@@ -46,43 +65,55 @@ class WindowsOnDemand final : public Windows {
 
     void setHourglass(bool on) override {
         m_isHourglass = on;
-        if (m_opened.windows != nullptr) m_opened.windows->setHourglass(on);
-    }
-
-    void runPendingEvents() {
-        if (m_opened.pendingEvents != nullptr) m_opened.pendingEvents->run();
+        if (m_module.ifOpened() != nullptr) m_module.opened().windows->setHourglass(on);
     }
 
  private:
     const Desktop& opened() {
-        if (m_opened.windows == nullptr) {
-            const Desktop* const module = openModule();
-            m_opened = module != nullptr ? *module : consoleDesktop();
-            m_opened.windows->setHourglass(m_isHourglass);
-        }
-        return m_opened;
+        const bool isNew = m_module.ifOpened() == nullptr;
+        const Desktop& desktop = m_module.opened();
+        if (isNew) desktop.windows->setHourglass(m_isHourglass);
+        return desktop;
     }
 
-    Desktop m_opened{};
+    ModuleOnDemand& m_module;
     bool m_isHourglass = false;
+};
+
+class ClipboardOnDemand final : public Clipboard {
+ public:
+    explicit ClipboardOnDemand(ModuleOnDemand& module) : m_module(module) {}
+
+    void copyPicture(const PictureView& picture) override {
+        consoleDesktop().clipboard->copyPicture(picture);
+    }
+    bool hasPicture() override { return m_module.opened().clipboard->hasPicture(); }
+    std::unique_ptr<StdPicture> picture() override { return m_module.opened().clipboard->picture(); }
+
+ private:
+    ModuleOnDemand& m_module;
 };
 
 /// None can wait before the first window.
 class PendingEventsOnDemand final : public PendingEvents {
  public:
-    explicit PendingEventsOnDemand(WindowsOnDemand& windows) : m_windows(windows) {}
-    void run() override { m_windows.runPendingEvents(); }
+    explicit PendingEventsOnDemand(const ModuleOnDemand& module) : m_module(module) {}
+    void run() override {
+        if (const Desktop* const desktop = m_module.ifOpened()) desktop->pendingEvents->run();
+    }
 
  private:
-    WindowsOnDemand& m_windows;
+    const ModuleOnDemand& m_module;
 };
 
 }  // namespace
 
 Desktop desktopOnDemand() {
-    static WindowsOnDemand windows;
-    static PendingEventsOnDemand pendingEvents(windows);
-    return {&windows, consoleDesktop().clipboard, &pendingEvents};
+    static ModuleOnDemand module;
+    static WindowsOnDemand windows(module);
+    static ClipboardOnDemand clipboard(module);
+    static PendingEventsOnDemand pendingEvents(module);
+    return {&windows, &clipboard, &pendingEvents};
 }
 
 }  // namespace mobrel

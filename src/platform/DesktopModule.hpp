@@ -9,7 +9,7 @@ namespace mobrel {
 /// The desktop of the module mobrel-desktop, which is opened when the first message or dialog is shown and
 /// a display is named: DISPLAY, WAYLAND_DISPLAY or QT_QPA_PLATFORM is set. Where none is, or it does not
 /// answer, or the module is missing, it is the console's; the latter two are told once on standard error.
-/// The mouse pointer set before is the one that windows come up with. The clipboard is the console's.
+/// The mouse pointer set before is the one that windows come up with. Copying is the console's.
 Desktop desktopOnDemand();
 
 /// The C function `kOpenDesktop` of the module. Null when there is no display. To be called on the main

@@ -102,30 +102,38 @@ void fMain::connectCanvas() {
     Canvas.DIBProgress.connect([this](std::int32_t value) { Progress.setValue(value); });
     Canvas.DIBProgressEnd.connect([this] {
         Progress.setValue(0);
-        BPP = 24;
-        refreshInfo();
-        pvSaveUndoDIB();
+        endCanvasWork();
+    });
+    Canvas.CropDone.connect([this] {
+        Progress.setMax(Canvas.DIB.Height());
+        endCanvasWork();
     });
 }
 
 void fMain::makeFilter() {
     DIBFilter = std::make_unique<cDIBFilter>();
-    DIBFilter->Progress.connect([this](std::int32_t line) { Progress.setValue(line); });
+    DIBFilter->Progress.connect([this](std::int32_t line) { DIBFilter_Progress(line); });
     DIBFilter->ProgressEnd.connect([this] { DIBFilter_ProgressEnd(); });
 }
 
 void fMain::makeDither() {
     DIBDither = std::make_unique<cDIBDither>();
     DIBDither->Progress.connect([this](std::int32_t line) { Progress.setValue(line); });
-    DIBDither->ProgressEnd.connect([this] { endPixelWork(); });
+    DIBDither->ProgressEnd.connect([this] {
+        Progress.setValue(0);
+        pvSaveUndoDIB();
+    });
 }
 
 void fMain::DIBFilter_ProgressEnd() {
-    endPixelWork();
+    Progress.setValue(0);
+    if (m_dialog == nullptr || !m_dialog->Previewing()) pvSaveUndoDIB();
 }
 
-void fMain::endPixelWork() {
-    Progress.setValue(0);
+/// The canvas's own pixel work makes true colour of any document.
+void fMain::endCanvasWork() {
+    BPP = 24;
+    refreshInfo();
     pvSaveUndoDIB();
 }
 

@@ -15,6 +15,7 @@
 #include "imaging/cDIBPal.hpp"
 #include "imaging/cDIBSave.hpp"
 #include "platform/Desktop.hpp"
+#include "shell/DocumentDialog.hpp"
 #include "shell/mSettings.hpp"
 
 namespace mobrel {
@@ -59,6 +60,8 @@ class fMain {
     /// surface is 32-bit whatever it says.
     std::uint8_t BPP = 0;
 
+    /// What the filter dialog was last set to.
+    std::int16_t LastFilterID = 0;
     std::string LastFilename;
     std::string LastPath;
     bool Saved = false;
@@ -69,7 +72,7 @@ class fMain {
     /// Commands by their place in a menu, separators counted; an unknown index does nothing.
     /// Files: 0 Open (re-reads temp.bmp), 1 Save, 2 Save as, 6 ends the window.
     void mnuFiles(int Index);
-    /// Edit: 3 Copy.
+    /// Edit: 0 Undo, 1 Redo, 3 Copy, 4 Paste.
     void mnuEdits(int Index);
     /// Colour depths: 0 black and white, 1 and 2 16 and 256 greys, 4 as 0, 5 and 6 16 and 256 colours,
     /// 8 true colour.
@@ -82,8 +85,20 @@ class fMain {
     /// Stores the document as a new step of the undo store. A failure changes no counter and says
     /// nothing.
     void pvSaveUndoDIB();
-    /// What the end of a filter does; also called directly when a preview is made the document.
+    /// One step back or forward, with its depth; nothing at the ends of the history. A snapshot that cannot
+    /// be read leaves picture and counters as they are, and says nothing.
+    void Undo();
+    void Redo();
+    /// Tells an open dialog what can be undone and redone.
+    void CheckUndoRedoState();
+
+    /// What a filter's events do. A dialog that filters the document calls them, and calls the end once more
+    /// when it makes a preview the document.
+    void DIBFilter_Progress(std::int32_t Line) { Progress.setValue(Line); }
     void DIBFilter_ProgressEnd();
+
+    /// The dialog that is open over the document; null for none.
+    void setDialog(DocumentDialog* dialog) noexcept { m_dialog = dialog; }
 
     std::int32_t UndoPos() const noexcept { return m_undoPos; }
     std::int32_t UndoTop() const noexcept { return m_undoTop; }
@@ -93,10 +108,12 @@ class fMain {
     void makeFilter();
     void makeDither();
     cDIBFilter& filter() const;
-    void endPixelWork();
+    void endCanvasWork();
 
     void pvOpen();
     void pvSave();
+    void pvPaste();
+    bool isPasteAllowed();
     std::unique_ptr<StdPicture> pvLoadPictureFile(const std::string& path);
     void pvSetPicture(std::unique_ptr<StdPicture> picture);
     void pvRefreshFileCaption();
@@ -106,6 +123,7 @@ class fMain {
 
     std::string undoFile(std::int32_t number) const;
     void watchUndoFiles() const;
+    void loadUndoFile(std::int32_t number);
     void pvClearUndoFiles();
     void pvShiftUndoFiles();
 
@@ -114,6 +132,7 @@ class fMain {
     void refuseHostTask();
 
     Desktop m_desktop;
+    DocumentDialog* m_dialog = nullptr;
     bool m_loaded = false;
     int m_exitStatus = 0;
     std::int32_t m_undoHandle = 0;

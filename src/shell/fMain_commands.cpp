@@ -27,8 +27,17 @@ void fMain::mnuFiles(int Index) {
 
 void fMain::mnuEdits(int Index) {
     switch (Index) {
+        case 0:
+            Undo();
+            break;
+        case 1:
+            Redo();
+            break;
         case 3:
             Canvas.DIB.CopyToClipboard(*m_desktop.clipboard);
+            break;
+        case 4:
+            pvPaste();
             break;
         default:
             break;
@@ -40,6 +49,7 @@ void fMain::mnuColorsz(int Index) {
     changeDepth(Index, {Canvas.DIB, DIBPal, *DIBDither, BPP},
                 [this](bool on) { m_desktop.windows->setHourglass(on); });
     refreshInfo();
+    Canvas.Repaint();
 }
 
 void fMain::mnuColorFilters(int Index) {
@@ -54,8 +64,9 @@ void fMain::mnuColorFilters(int Index) {
             filter().Colorize(Canvas.DIB, 0.5F, 0.25F, 1.0F);
             break;
         default:
-            break;
+            return;
     }
+    Canvas.Repaint();
 }
 
 void fMain::mnuDefinitions(int Index) {
@@ -64,8 +75,9 @@ void fMain::mnuDefinitions(int Index) {
             filter().Despeckle(Canvas.DIB);
             break;
         default:
-            break;
+            return;
     }
+    Canvas.Repaint();
 }
 
 /// Error 91 before Load has made it and after Unload.

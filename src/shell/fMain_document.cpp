@@ -96,11 +96,39 @@ std::unique_ptr<StdPicture> fMain::pvLoadPictureFile(const std::string& path) {
     return picture;
 }
 
+/// What is in the document may go away for a paste.
+bool fMain::isPasteAllowed() {
+    const bool isChanged = Canvas.DIB.hDIB() != nullptr && m_undoPos > 1 && !Saved;
+    if (!isChanged) return true;
+    const MessageAnswer answer = m_desktop.windows->message(
+        "Save changes before Paste ?", MessageIcon::Question, MessageButtons::YesNoCancel);
+    if (answer == MessageAnswer::Yes) mnuFiles(1);
+    return answer != MessageAnswer::Cancel;
+}
+
+void fMain::pvPaste() {
+    if (!m_desktop.clipboard->hasPicture() || !isPasteAllowed()) return;
+    auto picture = m_desktop.clipboard->picture();
+    if (!picture) return;
+    pvSetPicture(std::move(picture));
+    pvClearUndoFiles();
+    pvSaveUndoDIB();
+    LastFilename = kUnnamed;
+    pvRefreshFileCaption();
+}
+
 void fMain::pvSetPicture(std::unique_ptr<StdPicture> picture) {
     if (!picture) return;
+    const auto sizeBefore = std::pair(Canvas.DIB.Width(), Canvas.DIB.Height());
     DIBPal.Clear();
     BPP = static_cast<std::uint8_t>(
         Canvas.DIB.CreateFromStdPicture(std::move(picture), DIBPal, DIBDither.get()));
+    Canvas.RemoveCropRectangle();
+    if (std::pair(Canvas.DIB.Width(), Canvas.DIB.Height()) == sizeBefore) {
+        Canvas.Repaint();
+    } else {
+        Canvas.Resize();
+    }
     Progress.setMax(Canvas.DIB.Height());
     refreshInfo();
     Info.setTextZoom(std::to_string(Canvas.Zoom()) + "00%");

@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "platform/Files.hpp"
+#include "platform/PictureLoader.hpp"
 #include "platform/Process.hpp"
 #include "shell/fMain.hpp"
 
@@ -41,7 +42,36 @@ void fMain::pvSaveUndoDIB() {
         } else {
             m_undoTop = ++m_undoPos;
         }
+        CheckUndoRedoState();
     });
+}
+
+void fMain::Undo() {
+    skipErrors([&] {
+        if (m_undoPos > 1) {
+            loadUndoFile(m_undoPos - 2);
+            --m_undoPos;
+        }
+        CheckUndoRedoState();
+    });
+}
+
+void fMain::Redo() {
+    skipErrors([&] {
+        if (m_undoPos < m_undoTop) {
+            loadUndoFile(m_undoPos);
+            ++m_undoPos;
+        }
+        CheckUndoRedoState();
+    });
+}
+
+void fMain::loadUndoFile(std::int32_t number) {
+    pvSetPicture(loadPicture(undoFile(number)));
+}
+
+void fMain::CheckUndoRedoState() {
+    if (m_dialog != nullptr) m_dialog->enableUndoRedo(m_undoPos > 1, m_undoPos < m_undoTop);
 }
 
 void fMain::pvShiftUndoFiles() {

@@ -1,144 +1,16 @@
 // SPDX-License-Identifier: MIT
 // The whole life of a document, without a window.
-#include "shell/fMain.hpp"
-
-#include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <filesystem>
-#include <fstream>
-#include <functional>
-#include <iterator>
 #include <map>
-#include <set>
 
-#include "imaging/cDIBSave.hpp"
-#include "platform/Files.hpp"
 #include "platform/PictureLoader.hpp"
-#include "platform/ProfileFile.hpp"
-#include "support/TemporaryFolder.hpp"
+#include "shell/main_window.hpp"
 
 namespace mobrel {
 namespace {
 
-namespace fs = std::filesystem;
-
-/// A desktop that notes what it is asked for, and lets a test act inside a dialog.
-class TestWindows final : public Windows {
- public:
-    MessageAnswer message(std::string_view text, MessageIcon, MessageButtons) override {
-        messages.emplace_back(text);
-        return MessageAnswer::Ok;
-    }
-    bool showDialog(std::string_view name, int id) override {
-        hourglassAtDialog = hourglass;
-        dialogs.emplace_back(name, id);
-        if (insideDialog) insideDialog();
-        return true;
-    }
-    void setHourglass(bool on) override { hourglass = on; }
-
-    std::vector<std::string> messages;
-    std::vector<std::pair<std::string, int>> dialogs;
-    std::function<void()> insideDialog;
-    bool hourglass = false;
-    bool hourglassAtDialog = false;
-};
-
-/// Notes what is copied to it.
-class TestClipboard final : public Clipboard {
- public:
-    void copyPicture(const PictureView& picture) override {
-        ++copies;
-        width = picture.width;
-    }
-    int copies = 0;
-    int width = 0;
-};
-
-class TestEvents final : public PendingEvents {
- public:
-    void run() override { ++runs; }
-    int runs = 0;
-};
-
-/// The first snapshot of a run lies in the root folder; the test takes it away again.
-class StrayFirstSnapshot {
- public:
-    ~StrayFirstSnapshot() {
-        if (!m_wasThere) deleteFileIfPossible("/b0000.dat");
-    }
-
- private:
-    bool m_wasThere = fileExists("/b0000.dat");
-};
-
-std::string contentsOf(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-class FMain : public testing::Test {
- protected:
-    void SetUp() override {
-        setenv("MOBREL_FOLDER", folder.path().c_str(), 1);
-        setenv("tmp", temporary.path().c_str(), 1);
-        writePicture("temp.bmp", 24);
-    }
-    void TearDown() override {
-        unsetenv("MOBREL_FOLDER");
-        unsetenv("tmp");
-    }
-
-    /// A picture of 5 x 4 pixels with all bytes different.
-    void writePicture(const std::string& name, std::uint8_t bpp) {
-        cDIB dib;
-        ASSERT_TRUE(dib.Create(5, 4, 0));
-        for (int i = 0; i < 80; ++i) {
-            if (i % 4 != 3) dib.DIBitsPtr()[i] = static_cast<std::uint8_t>(i * 3);
-        }
-        cDIBPal palette;
-        cDIBDither dither;
-        palette.InitializePalette(256);
-        dither.InitializePalID(5, 4, 8);
-        cDIBSave().Save_BMP(fileInFolder(name), dib, palette, &dither, bpp);
-    }
-
-    std::string fileInFolder(const std::string& name) const { return folder.path() + "/" + name; }
-
-    void askFor(const std::string& filter) {
-        WritePrivateProfileString("ZV-HARBORLY", "Filter", filter, fileInFolder("config.ini"));
-    }
-    std::string winState() const {
-        return GetPrivateProfileString("ZV-HARBORLY", "WinState", "none", 9, fileInFolder("config.ini"));
-    }
-    std::string setting(const std::string& section, const std::string& key) const {
-        return GetPrivateProfileString(section, key, "none", 500, fileInFolder("Mobrel.ini"));
-    }
-
-    /// Loads a main window whose task is a dialog, and acts while the dialog is open.
-    void insideDialog(const std::function<void()>& act) {
-        askFor("5");
-        windows.insideDialog = act;
-        main.Load();
-    }
-
-    std::set<std::string> temporaryFiles() const {
-        std::set<std::string> names;
-        for (const auto& entry : fs::directory_iterator(temporary.path()))
-            names.insert(entry.path().filename());
-        return names;
-    }
-
-    StrayFirstSnapshot stray;
-    test::TemporaryFolder folder;
-    test::TemporaryFolder temporary;
-    TestWindows windows;
-    TestClipboard clipboard;
-    TestEvents events;
-    fMain main{Desktop{&windows, &clipboard, &events}};
-};
+using test::contentsOf;
+using test::FMain;
+using test::TestWindows;
 
 TEST_F(FMain, ANumberWithoutATaskWritesThePictureBackAndEnds) {
     const std::string picture = contentsOf(fileInFolder("temp.bmp"));
@@ -301,79 +173,6 @@ TEST_F(FMain, ADepthCommandStoresItsStepAtTheNewDepth) {
             EXPECT_EQ(main.Info.TextInfo(), "5x4x4bpp");
         }
         EXPECT_EQ(main.UndoPos(), before + 1);
-    });
-}
-
-TEST_F(FMain, TheStoreKeepsTwentyFiveStepsUnderProperNames) {
-    insideDialog([&] {
-        main.mnuFiles(0);
-        std::vector<std::string> states{contentsOf(temporary.path() + "/" + *temporaryFiles().begin())};
-        for (int change = 1; change <= 30; ++change) {
-            main.Canvas.DIB.DIBitsPtr()[0] = static_cast<std::uint8_t>(100 + change);
-            main.DIBFilter_ProgressEnd();
-            const std::string current = *temporaryFiles().rbegin();
-            states.push_back(contentsOf(temporary.path() + "/" + current));
-        }
-        EXPECT_EQ(main.UndoPos(), 25);
-        EXPECT_EQ(main.UndoTop(), 25);
-        const auto names = temporaryFiles();
-        ASSERT_EQ(names.size(), 25U);
-        const std::string prefix = names.begin()->substr(0, 11);
-        std::size_t state = states.size() - 25;
-        for (int number = 0; number < 25; ++number, ++state) {
-            const std::string name = prefix + (number < 10 ? "00" : "0") + std::to_string(number) + ".dat";
-            ASSERT_TRUE(names.contains(name)) << name;
-            EXPECT_EQ(contentsOf(temporary.path() + "/" + name), states[state]) << name;
-        }
-    });
-    main.Unload();
-    EXPECT_TRUE(temporaryFiles().empty());
-}
-
-TEST_F(FMain, ClearingTakesOwnSnapshotsAlone) {
-    std::string own;
-    insideDialog([&] {
-        main.mnuFiles(0);
-        own = temporaryFiles().begin()->substr(0, 11);
-        EXPECT_EQ(own.size(), 11U);  // b and ten digits
-    });
-    const std::set<std::string> others = {own + "0000.dat", own + "00.dat", own + "000.bak",
-                                          "b1234567890000.dat"};
-    for (const auto& name : others) std::ofstream(temporary.path() + "/" + name) << "kept";
-    main.Unload();
-    EXPECT_EQ(temporaryFiles(), others);
-}
-
-TEST_F(FMain, SnapshotsArePrivate) {
-    insideDialog([&] {
-        main.mnuFiles(0);
-        struct stat status {};
-        ASSERT_EQ(stat((temporary.path() + "/" + *temporaryFiles().begin()).c_str(), &status), 0);
-        EXPECT_EQ(status.st_mode & 0777, 0600U);
-    });
-}
-
-TEST_F(FMain, AStoreThatCannotBeWrittenChangesNoCounter) {
-    setenv("tmp", (temporary.path() + "/none").c_str(), 1);
-    insideDialog([&] {
-        const auto before = main.UndoPos();
-        main.mnuColorFilters(1);
-        EXPECT_EQ(main.UndoPos(), before);
-        EXPECT_EQ(main.UndoTop(), before);
-    });
-    EXPECT_TRUE(windows.messages.empty());
-}
-
-// The first snapshot is stored before the folder and the handle are known.
-TEST_F(FMain, TheFirstSnapshotGoesToTheRootFolder) {
-    const bool writable = access("/", W_OK) == 0;
-    const std::string picture = contentsOf(fileInFolder("temp.bmp"));
-    insideDialog([&] {
-        EXPECT_EQ(main.UndoPos(), writable ? 1 : 0);
-        if (writable) {
-            EXPECT_EQ(contentsOf("/b0000.dat"), picture);
-        }
-        EXPECT_TRUE(temporaryFiles().empty());
     });
 }
 
