@@ -2,11 +2,11 @@
 #include <array>
 
 #include "controls/ucCoolList.hpp"
+#include "desktop/OwningControlWidget.hpp"
 #include "platform/Numbers.hpp"
 #include "platform/RuntimeError.hpp"
 #include "programs/gallery/Layout.hpp"
 #include "programs/gallery/Pictures.hpp"
-#include "programs/gallery/SampleWidget.hpp"
 #include "programs/gallery/Sections.hpp"
 
 namespace mobrel::gallery {
@@ -34,10 +34,10 @@ class Discs final : public ImageList {
     double m_scale;
 };
 
-SampleWidget<ucCoolList>* makeList(const ucCoolListProperties& properties) {
-    auto* const widget = new SampleWidget<ucCoolList>;
+OwningControlWidget<ucCoolList>* makeList(const ucCoolListProperties& properties) {
+    auto* const widget = new OwningControlWidget<ucCoolList>;
     widget->setFixedSize(170, 150);
-    ucCoolList& list = widget->shown();
+    ucCoolList& list = widget->owned();
     list.setProperties(properties);
     list.SetImageList(std::make_shared<Discs>(widget->devicePixelRatioF()));
     constexpr std::array kTexts = {"Amber", "Birch bark", "Cobalt",         "Dune",   "Ember",
@@ -82,8 +82,8 @@ QWidget* makeLists() {
     ucCoolListProperties several = listLook(ListLook::Solid);
     several.SelectMode = ListSelectMode::Multiple;
     auto* const multiple = makeList(several);
-    for (const int item : {0, 2, 3}) multiple->shown().setItemSelected(item, true);
-    showFocused(*multiple, multiple->shown());
+    for (const int item : {0, 2, 3}) multiple->owned().setItemSelected(item, true);
+    showFocused(*multiple, multiple->owned());
     grid->addWidget(captioned("Several rows, with the keyboard", multiple), 1, 3);
 
     ucCoolListProperties wrapped;
@@ -93,7 +93,7 @@ QWidget* makeLists() {
     for (const ListAlignment alignment : {ListAlignment::Left, ListAlignment::Center, ListAlignment::Right}) {
         wrapped.Alignment = alignment;
         auto* const list = makeList(wrapped);
-        list->shown().setItemText(0, "A text that takes a second line");
+        list->owned().setItemText(0, "A text that takes a second line");
         constexpr std::array kNames = {"Wrapped, left", "Wrapped, centred", "Wrapped, right"};
         const auto place = static_cast<int>(alignment);
         grid->addWidget(captioned(kNames[static_cast<std::size_t>(place)], list), 2, place);

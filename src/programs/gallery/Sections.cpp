@@ -12,18 +12,18 @@
 #include "controls/ucProgress.hpp"
 #include "controls/zenSlider.hpp"
 #include "desktop/Cursors.hpp"
+#include "desktop/OwningControlWidget.hpp"
 #include "programs/gallery/Layout.hpp"
 #include "programs/gallery/Pictures.hpp"
-#include "programs/gallery/SampleWidget.hpp"
 
 namespace mobrel::gallery {
 
 namespace {
 
-SampleWidget<zenSlider>* makeSlider(SliderOrientation orientation, SliderRail rail) {
-    auto* const widget = new SampleWidget<zenSlider>;
+OwningControlWidget<zenSlider>* makeSlider(SliderOrientation orientation, SliderRail rail) {
+    auto* const widget = new OwningControlWidget<zenSlider>;
     const bool isHorizontal = orientation == SliderOrientation::Horizontal;
-    zenSlider& slider = widget->shown();
+    zenSlider& slider = widget->owned();
     slider.setOrientation(orientation);
     if (isHorizontal) {
         widget->setFixedWidth(150);
@@ -38,24 +38,24 @@ SampleWidget<zenSlider>* makeSlider(SliderOrientation orientation, SliderRail ra
     return widget;
 }
 
-SampleWidget<ucCanvas>* makeEmptyCanvas() {
-    auto* const widget = new SampleWidget<ucCanvas>;
+OwningControlWidget<ucCanvas>* makeEmptyCanvas() {
+    auto* const widget = new OwningControlWidget<ucCanvas>;
     widget->setFixedSize(240, 180);
     return widget;
 }
 
-SampleWidget<ucCanvas>* makeCanvas(int zoom) {
+OwningControlWidget<ucCanvas>* makeCanvas(int zoom) {
     auto* const widget = makeEmptyCanvas();
-    ucCanvas& canvas = widget->shown();
+    ucCanvas& canvas = widget->owned();
     drawLandscape(canvas.DIB, 1);
     canvas.setZoom(zoom);
     canvas.Resize();
     return widget;
 }
 
-SampleWidget<ucCanvas>* makeFittedCanvas() {
+OwningControlWidget<ucCanvas>* makeFittedCanvas() {
     auto* const widget = makeEmptyCanvas();
-    ucCanvas& canvas = widget->shown();
+    ucCanvas& canvas = widget->owned();
     drawLandscape(canvas.DIB, 5);
     canvas.setFitMode(true);
     canvas.Resize();
@@ -63,11 +63,11 @@ SampleWidget<ucCanvas>* makeFittedCanvas() {
 }
 
 /// Draws a crop frame as a user does, once the window stands.
-void drawFrameLater(SampleWidget<ucCanvas>* widget) {
+void drawFrameLater(OwningControlWidget<ucCanvas>* widget) {
     auto* const timer = new QTimer(widget);
     timer->setSingleShot(true);
     QObject::connect(timer, &QTimer::timeout, widget, [widget] {
-        ucCanvas& canvas = widget->shown();
+        ucCanvas& canvas = widget->owned();
         canvas.setWorkMode(ucCanvas::kCropMode);
         const auto place = [&](double x, double y) {
             return PointerInput{MouseButton::kLeft, 0, static_cast<float>(x * canvas.width()),
@@ -95,7 +95,7 @@ QWidget* makeSliders() {
     for (const auto& [name, rail] : kRails) {
         auto* const horizontal = makeSlider(SliderOrientation::Horizontal, rail);
         auto* const vertical = makeSlider(SliderOrientation::Vertical, rail);
-        if (rail == SliderRail::Raised) showFocused(*horizontal, horizontal->shown());
+        if (rail == SliderRail::Raised) showFocused(*horizontal, horizontal->owned());
         grid->addWidget(captioned(name, horizontal), place / 2, place % 2);
         grid->addWidget(captioned(name, vertical), 0, 2 + place, 3, 1);
         ++place;
@@ -110,10 +110,10 @@ QWidget* makeProgressBars() {
     constexpr std::array kBorders = {"No border", "Thin", "Sunken"};
     for (int border = 0; border < 3; ++border) {
         for (const int value : {0, 40, 100}) {
-            auto* const widget = new SampleWidget<ucProgress>;
+            auto* const widget = new OwningControlWidget<ucProgress>;
             widget->setFixedSize(200, 16);
-            widget->shown().setBorderStyle(static_cast<ProgressBorder>(border));
-            widget->shown().setValue(value);
+            widget->owned().setBorderStyle(static_cast<ProgressBorder>(border));
+            widget->owned().setValue(value);
             const QString name =
                 QString("%1, %2 %").arg(kBorders[static_cast<std::size_t>(border)]).arg(value);
             grid->addWidget(captioned(name, widget), border, value / 40);
@@ -135,7 +135,7 @@ QWidget* makeCanvases() {
     grid->addWidget(captioned("Zoom 8, with a frame", enlarged), 1, 0);
     drawFrameLater(enlarged);
     auto* const picking = makeCanvas(2);
-    picking->shown().setWorkMode(ucCanvas::kPickColorMode);
+    picking->owned().setWorkMode(ucCanvas::kPickColorMode);
     grid->addWidget(captioned("Zoom 2, picks a colour", picking), 1, 1);
     grid->addWidget(captioned("No picture", makeEmptyCanvas()), 1, 2);
     grid->setColumnStretch(3, 1);
@@ -147,8 +147,8 @@ QWidget* makeTips() {
     QGridLayout* const grid = gridIn(section);
     int column = 0;
     for (const char* const text : {"0", "-12", "100 %", "A longer tip"}) {
-        auto* const tip = new SampleWidget<frmValueTip>;
-        tip->shown().setLblTip(text);
+        auto* const tip = new OwningControlWidget<frmValueTip>;
+        tip->owned().setLblTip(text);
         tip->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
         tip->setAccessibleName(text);
         grid->addWidget(tip, 0, column++, Qt::AlignLeft);
@@ -175,12 +175,12 @@ QWidget* makePointers() {
 }
 
 QWidget* makeInfo() {
-    auto* const info = new SampleWidget<ucInfo>;
+    auto* const info = new OwningControlWidget<ucInfo>;
     info->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     info->setAccessibleName("Status");
-    info->shown().setTextFile("/home/user/Pictures/harbour.bmp");
-    info->shown().setTextInfo("4000x3000x24bpp");
-    info->shown().setTextZoom("100%");
+    info->owned().setTextFile("/home/user/Pictures/harbour.bmp");
+    info->owned().setTextInfo("4000x3000x24bpp");
+    info->owned().setTextZoom("100%");
     return info;
 }
 
