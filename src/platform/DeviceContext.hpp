@@ -84,6 +84,9 @@ class DeviceContext final : public StretchTarget {
     std::uint8_t* line(int y) noexcept { return m_topLine + y * m_stride; }
     const std::uint8_t* line(int y) const noexcept { return m_topLine + y * m_stride; }
 
+    /// The colour of a pixel; -1 outside.
+    std::int32_t GetPixel(int x, int y) const noexcept;
+
     /// Copies a block of the source to (x, y), all four bytes of each pixel. Clipped at both
     /// surfaces. A negative size runs leftwards or upwards in both. Source and target may be the
     /// same surface, and the blocks may overlap.

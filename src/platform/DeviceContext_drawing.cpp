@@ -180,6 +180,12 @@ void fillRounded(DeviceContext& target, const Rect& rect, int cornerWidth, int c
 
 }  // namespace
 
+std::int32_t DeviceContext::GetPixel(int x, int y) const noexcept {
+    if (x < 0 || y < 0 || x >= m_width || y >= m_height) return -1;
+    const std::uint8_t* const pixel = line(y) + std::ptrdiff_t{x} * 4;
+    return pixel[2] | pixel[1] << 8 | pixel[0] << 16;
+}
+
 void DeviceContext::FillRect(const Rect& rect, Color color) {
     const std::uint32_t pixel = pixelOf(color);
     fillAlikeLines(*this, cutTo(*this, rect), [pixel](int) { return pixel; });
