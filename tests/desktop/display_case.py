@@ -2,6 +2,7 @@
 """Tests of programs that show windows, on a server of their own."""
 
 import os
+import re
 import shutil
 import subprocess
 import time
@@ -16,26 +17,43 @@ LEAKS_OF_QT = "detect_leaks=0"
 def require_tools(*tools):
     for tool in tools:
         if not shutil.which(tool):
-            raise RuntimeError(f"{tool} is missing (Debian: xdotool, imagemagick)")
+            raise RuntimeError(f"{tool} is missing (Debian: xdotool, imagemagick, openbox)")
 
 
 class DisplayTest(unittest.TestCase):
     def setUp(self):
-        self.server = XServer(screen="1280x1024x24")
+        self.server = XServer(screen="1366x768x24")
         self.addCleanup(self.server.stop)
+
+    def start_window_manager(self):
+        """It gives windows frames and the keyboard, as a user's does."""
+        manager = subprocess.Popen(["openbox", "--sm-disable"], env=os.environ | {"DISPLAY": self.server.display},
+                                   stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                                   stderr=subprocess.DEVNULL)
+        self.addCleanup(manager.wait)
+        self.addCleanup(manager.kill)
+        self.wait_for(lambda: self.tool("xdotool", "get_desktop", check=False), "window manager")
 
     def tool(self, *command, check=True):
         return subprocess.run(command, env=os.environ | {"DISPLAY": self.server.display}, capture_output=True,
                               text=True, timeout=PATIENCE, check=check).stdout
 
-    def window(self, name, process):
-        """The number of the visible window of that name."""
+    def wait_for(self, answer, what, process=None):
+        """The first answer that says something."""
         until = time.monotonic() + PATIENCE
         while time.monotonic() < until:
-            found = self.tool("xdotool", "search", "--onlyvisible", "--name", f"^{name}$", check=False).split()
+            found = answer()
             if found:
-                return found[-1]
-            if process.poll() is not None:
+                return found
+            if process is not None and process.poll() is not None:
                 raise AssertionError(f"ended with {process.returncode}: {process.stderr.read().decode()}")
             time.sleep(0.02)
-        raise AssertionError(f"no window {name}")
+        raise AssertionError(f"no {what}")
+
+    def window(self, name, process):
+        """The number of the visible window of that name; a window manager adds the program's to it."""
+        pattern = f"^{re.escape(name)}( — Mobrel)?$"
+        found = self.wait_for(
+            lambda: self.tool("xdotool", "search", "--onlyvisible", "--name", pattern, check=False).split(),
+            f"window {name}", process)
+        return found[-1]

@@ -20,7 +20,7 @@ import zlib
 from pathlib import Path
 
 from handoff_folder import HandOff, config_of, remove_stray_snapshot
-from x_client import ATOM, NONE, PATIENCE, XClient, XServer
+from x_client import ATOM, NONE, PATIENCE, XClient, XServer, copy_text, read_clipboard, xclip
 
 HOLDER = os.environ["MOBREL_CLIPBOARD"]
 PROGRAM = os.environ.get("MOBREL_PROGRAM", "")
@@ -101,25 +101,6 @@ def decoded_png(data):
     for start in range(0, len(raw), 1 + 3 * width):
         lines.append(unfiltered(raw[start], raw[start + 1:start + 1 + 3 * width], lines[-1], 3))
     return width, height, b"".join(lines[1:])
-
-
-def xclip(server, *arguments):
-    return subprocess.Popen(["xclip", "-display", server.display, "-selection", "clipboard", *arguments],
-                            stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
-
-
-def read_clipboard(server, target):
-    process = xclip(server, "-o", "-t", target)
-    data, _ = process.communicate(timeout=PATIENCE)
-    if process.returncode != 0:
-        raise AssertionError(f"xclip gets no {target}")
-    return data
-
-
-def copy_text(server, text):
-    """As another program does. It stays in the background until its turn is over."""
-    subprocess.run(["xclip", "-display", server.display, "-selection", "clipboard", "-i"], input=text,
-                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=PATIENCE, check=True)
 
 
 def holders():

@@ -45,6 +45,25 @@ class XServer:
         self.process.wait()
 
 
+def xclip(server, *arguments):
+    return subprocess.Popen(["xclip", "-display", server.display, "-selection", "clipboard", *arguments],
+                            stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+
+
+def read_clipboard(server, target):
+    process = xclip(server, "-o", "-t", target)
+    data, _ = process.communicate(timeout=PATIENCE)
+    if process.returncode != 0:
+        raise AssertionError(f"xclip gets no {target}")
+    return data
+
+
+def copy_text(server, text):
+    """As another program does. It stays in the background until its turn is over."""
+    subprocess.run(["xclip", "-display", server.display, "-selection", "clipboard", "-i"], input=text,
+                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=PATIENCE, check=True)
+
+
 def padded(data):
     return data + bytes(-len(data) % 4)
 
