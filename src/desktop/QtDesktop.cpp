@@ -4,10 +4,13 @@
 #include <QClipboard>
 #include <QCursor>
 #include <QGuiApplication>
+#include <cstdio>
+#include <string>
 
 #include "desktop/LostDisplay.hpp"
 #include "desktop/MessageBox.hpp"
 #include "desktop/PastedPicture.hpp"
+#include "dialogs/Dialogs.hpp"
 
 namespace mobrel {
 
@@ -19,9 +22,11 @@ class QtWindows final : public Windows {
         return showMessage(text, icon, buttons);
     }
 
-    // There is none yet; the words for that are the console's.
     bool showDialog(std::string_view name, int id) override {
-        return consoleDesktop().windows->showDialog(name, id);
+        if (showDialogByName(name, id)) return true;
+        std::fprintf(stderr, "mobrel: the dialog %s is not part of this version\n",
+                     std::string(name).c_str());
+        return false;
     }
 
     void setHourglass(bool on) override {

@@ -83,15 +83,6 @@ class ModuleTest(DisplayTest):
             self.assertEqual((ended.status, ended.errors), (1, ""))
             self.assertEqual((host.win_state(), host.snapshots()), (None, []))
 
-    def test_a_dialog_is_not_there_yet(self):
-        picture = encoded(small_noise())
-        with HandOff(PROGRAM) as host:
-            host.leave(config_of(18), picture)
-            ended = finished(self.start(host))
-            self.assertEqual(ended.status, 1)
-            self.assertRegex(ended.errors, r"^mobrel: this start needs a dialog [^\n]+\n$")
-            self.assertEqual((host.win_state(), host.picture.read_bytes()), (None, picture))
-
     def test_no_display_that_a_user_sees(self):
         """The message goes to standard error, and the run goes on."""
         nothing_there = r"mobrel: no window can be shown: the display does not answer\n"

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include "dialogs/ColorLabel.hpp"
+
+#include <QPainter>
+#include <QStyleOptionFocusRect>
+#include <QStyleOptionFrame>
+
+#include "desktop/QtValues.hpp"
+
+namespace mobrel {
+
+ColorLabel::ColorLabel(QWidget* parent) : QAbstractButton(parent) {
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setBackColor(0);
+}
+
+void ColorLabel::setBackColor(Color color) {
+    m_color = color;
+    setAccessibleDescription(qtColor(color).name());
+    repaint();
+}
+
+QSize ColorLabel::sizeHint() const {
+    const int line = fontMetrics().height();
+    return {3 * line, line + 6};
+}
+
+void ColorLabel::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    QStyleOptionFrame frame;
+    frame.initFrom(this);
+    frame.lineWidth = 1;
+    frame.state |= QStyle::State_Sunken;
+    painter.fillRect(rect().adjusted(1, 1, -1, -1),
+                     isEnabled() ? qtColor(m_color) : palette().color(QPalette::Window));
+    style()->drawPrimitive(QStyle::PE_Frame, &frame, &painter, this);
+    if (!hasFocus()) return;
+    QStyleOptionFocusRect focus;
+    focus.initFrom(this);
+    focus.rect = rect().adjusted(2, 2, -2, -2);
+    focus.backgroundColor = qtColor(m_color);
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
+}
+
+}  // namespace mobrel
