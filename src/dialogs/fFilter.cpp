@@ -64,6 +64,10 @@ fFilter::fFilter() : m_form(*this) {
     fMain::Global().CheckUndoRedoState();
 }
 
+fFilter::~fFilter() {
+    if (!m_isUnloaded) fMain::Global().setDialog(nullptr);
+}
+
 void fFilter::loadSettings() {
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
     const QPoint centred = screen.center() - rect().center();

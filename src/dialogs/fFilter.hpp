@@ -20,6 +20,9 @@ class fFilter : public QDialog, public DocumentDialog {
  public:
     /// Errors: those of LoadFilterSettings, 380 for a check box that is neither 0, 1 nor 2.
     fFilter();
+    ~fFilter() override;
+    fFilter(const fFilter&) = delete;
+    fFilter& operator=(const fFilter&) = delete;
 
     /// Takes the document over, and chooses a filter by its number in kFilterTable. Called before the dialog
     /// is shown.
