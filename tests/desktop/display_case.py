@@ -5,8 +5,10 @@ import os
 import re
 import shutil
 import subprocess
+import tempfile
 import time
 import unittest
+from pathlib import Path
 
 from x_client import PATIENCE, XServer
 
@@ -27,12 +29,16 @@ class DisplayTest(unittest.TestCase):
 
     def start_window_manager(self):
         """It gives windows frames and the keyboard, as a user's does."""
-        manager = subprocess.Popen(["openbox", "--sm-disable"], env=os.environ | {"DISPLAY": self.server.display},
-                                   stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
-                                   stderr=subprocess.DEVNULL)
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        stands = Path(folder.name) / "stands"
+        # Its properties are there earlier, and a window that comes between is never shown.
+        manager = subprocess.Popen(["openbox", "--sm-disable", "--startup", f"touch {stands}"],
+                                   env=os.environ | {"DISPLAY": self.server.display}, stdin=subprocess.DEVNULL,
+                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         self.addCleanup(manager.wait)
         self.addCleanup(manager.kill)
-        self.wait_for(lambda: self.tool("xdotool", "get_desktop", check=False), "window manager")
+        self.wait_for(stands.exists, "window manager")
 
     def tool(self, *command, check=True):
         return subprocess.run(command, env=os.environ | {"DISPLAY": self.server.display}, capture_output=True,

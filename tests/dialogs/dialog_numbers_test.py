@@ -62,7 +62,16 @@ class DialogTest(DisplayTest):
     def keys(self, *keys):
         """A button that is pressed by its letter stays down for 100 ms."""
         for key in keys:
-            self.tool("xdotool", "key", key, "sleep", "0.2" if key.startswith("alt") else "0.05")
+            self.tool("xdotool", "key", key, "sleep", "0.15" if key.startswith("alt") else "0.05")
+
+    def preview_and_apply(self, process, is_applied):
+        """Apply hears nothing before the preview is done, and once afterwards."""
+        self.keys("alt+p")
+
+        def press():
+            self.keys("alt+a")
+            return is_applied()
+        self.wait_for(press, "effect of Apply", process)
 
     def dismiss_fatal_error(self, process):
         self.activate(self.window("Mobrel", process))
@@ -71,14 +80,11 @@ class DialogTest(DisplayTest):
     def clipboard_rows(self):
         return rows_of(read_clipboard(self.server, "image/bmp"))
 
-    def wait_for_win_state(self, host, process):
-        self.wait_for(host.win_state, "WinState", process)
-
     def test_apply(self):
         for number in DIALOG_NUMBERS:
             with self.subTest(number), HandOff(PROGRAM) as host:
                 process = self.open(host, number, MOBREL_RESULT=str(host.root / "result.bmp"))
-                self.keys("alt+p", "alt+a")
+                self.preview_and_apply(process, host.win_state)
                 self.dismiss_fatal_error(process)
                 ended = finished(process)
                 self.assertEqual((ended.status, ended.errors), (1, ""))
@@ -105,42 +111,45 @@ class DialogTest(DisplayTest):
                 self.assertEqual(self.clipboard_rows(), self.picture.rows)
 
     def test_apply_in_a_dialog_that_stays(self):
-        with HandOff(PROGRAM) as host:
-            process = self.open(host, 27)
-            self.keys("alt+d", "alt+p", "alt+a")
-            self.wait_for_win_state(host, process)
-            self.wait_for(lambda: len(host.snapshots()) == 1, "snapshot", process)
-            self.keys("alt+p")
-            self.keys("alt+a")
-            self.wait_for(lambda: len(host.snapshots()) == 2, "snapshot", process)
-            self.keys("alt+c")
-            ended = finished(process)
-            self.assertEqual((ended.status, ended.errors, host.snapshots()), (0, "", []))
-            self.assertEqual(self.clipboard_rows(), self.picture.rows)  # the negative of the negative
+        for number in DIALOG_NUMBERS:
+            with self.subTest(number), HandOff(PROGRAM) as host:
+                process = self.open(host, number)
+                self.keys("alt+d")
+                self.preview_and_apply(process, lambda: len(host.snapshots()) == 1)
+                self.assertEqual(host.win_state(), b"1")
+                self.preview_and_apply(process, lambda: len(host.snapshots()) == 2)
+                self.keys("alt+c")
+                ended = finished(process)
+                self.assertEqual((ended.status, ended.errors, host.snapshots()), (0, "", []))
+                self.assertEqual(host.picture.read_bytes(), self.file)
+                if number == 27:
+                    self.assertEqual(self.clipboard_rows(), self.picture.rows)  # the negative of the negative
 
     def test_a_slider_by_the_keyboard(self):
         with HandOff(PROGRAM) as host:
             process = self.open(host, 29)
-            self.keys("Tab", "End", "alt+p", "alt+a")
+            self.keys("Tab", "End")
+            self.preview_and_apply(process, host.win_state)
             self.dismiss_fatal_error(process)
             finished(process)
             self.assertEqual(self.clipboard_rows(), self.picture.mapped(lambda p: (255, 255, 255)).rows)
 
     def test_terminated_in_the_middle(self):
-        for name in ("SIGTERM", "SIGINT", "SIGHUP"):
-            with self.subTest(name), HandOff(PROGRAM) as host:
-                process = self.open(host, 27)
-                self.keys("alt+d", "alt+p", "alt+a")
-                self.wait_for(lambda: len(host.snapshots()) == 1, "snapshot", process)
-                process.send_signal(signal.Signals[name])
-                self.assertEqual(finished(process).status, -signal.Signals[name])
+        endings = (signal.SIGTERM, signal.SIGINT, signal.SIGHUP)
+        for number in DIALOG_NUMBERS:
+            with self.subTest(number), HandOff(PROGRAM) as host:
+                process = self.open(host, number)
+                self.keys("alt+d")
+                self.preview_and_apply(process, lambda: len(host.snapshots()) == 1)
+                process.send_signal(endings[number % 3])
+                self.assertEqual(finished(process).status, -endings[number % 3])
                 self.assertEqual((host.snapshots(), host.picture.read_bytes()), ([], self.file))
 
     def test_the_display_is_lost(self):
         with HandOff(PROGRAM) as host:
             process = self.open(host, 27)
-            self.keys("alt+d", "alt+p", "alt+a")
-            self.wait_for(lambda: len(host.snapshots()) == 1, "snapshot", process)
+            self.keys("alt+d")
+            self.preview_and_apply(process, lambda: len(host.snapshots()) == 1)
             self.server.stop()
             self.assertEqual(finished(process).status, -signal.SIGHUP)
             self.assertEqual((host.snapshots(), host.picture.read_bytes()), ([], self.file))
@@ -156,7 +165,9 @@ class DialogTest(DisplayTest):
                 self.activate(self.window("Mobrel", process))
                 self.keys("Return")
                 self.activate(self.window("Filter", process))
-                self.keys("Tab", "End", "alt+d", "alt+p", "alt+a", "alt+p", "alt+c")
+                self.keys("Tab", "End", "alt+d")
+                self.preview_and_apply(process, host.win_state)
+                self.keys("alt+p", "alt+c")
                 ended = finished(process)
                 self.assertEqual((ended.status, ended.errors, host.win_state()), (0, "", b"1"))
 
@@ -175,8 +186,8 @@ class DialogTest(DisplayTest):
     def test_two_copies_at_once(self):
         with HandOff(PROGRAM) as first, HandOff(PROGRAM) as second:
             one = self.open(first, 27)
-            self.keys("alt+d", "alt+p", "alt+a")
-            self.wait_for(lambda: len(first.snapshots()) == 1, "snapshot", one)
+            self.keys("alt+d")
+            self.preview_and_apply(one, lambda: len(first.snapshots()) == 1)
             second.leave(config_of(3), self.file)
             ended = second.run(tmp=str(first.temporary))
             self.assertEqual((ended.status, second.win_state()), (0, b"1"))
