@@ -3,10 +3,12 @@
 
 #include <QAbstractEventDispatcher>
 #include <QMenu>
+#include <QPointer>
 #include <QTimer>
 #include <QWindow>
 #include <chrono>
 #include <cmath>
+#include <utility>
 
 #include "desktop/ControlAccessible.hpp"
 #include "desktop/Cursors.hpp"
@@ -55,14 +57,25 @@ void WidgetHost::followWidgetSize() {
     const int height = wholePixels(m_widget.height(), scale);
     const bool hasIt =
         m_control.width() == width && m_control.height() == height && m_control.scale() == scale;
-    if (!hasIt) m_control.setSize(width, height, scale);
+    if (hasIt) return;
+    const QPointer<QWidget> widget(&m_widget);  // a handler may destroy it
+    const bool isInside = std::exchange(m_isFollowing, true);
+    m_control.setSize(width, height, scale);
+    if (widget) m_isFollowing = isInside;
 }
 
 void WidgetHost::show(const Rect& changed) {
     const double scale = m_widget.devicePixelRatioF();
     // At a broken scale the widget can begin inside a device pixel, and its picture at the next whole one.
     const int margin = scale == std::floor(scale) ? 0 : 1;
-    m_widget.repaint(coveringRect(changed, scale).adjusted(-margin, -margin, margin, margin));
+    const QRect rect = coveringRect(changed, scale).adjusted(-margin, -margin, margin, margin);
+    // Qt paints a window whose size changes when all in it have their places. A paint before that would be
+    // taken for this one, and what moves afterwards would leave its picture behind.
+    if (m_isFollowing) {
+        m_widget.update(rect);
+    } else {
+        m_widget.repaint(rect);
+    }
 }
 
 void WidgetHost::setCursor(Cursor cursor) {

@@ -41,6 +41,7 @@ class WidgetHost final : public ControlHost {
     Control& m_control;
     QSize m_askedSize;
     bool m_isGranting = false;
+    bool m_isFollowing = false;
     std::unique_ptr<PlatformScrollBar> m_scrollBar;
     std::unique_ptr<OverlayEditor> m_editor;
 };

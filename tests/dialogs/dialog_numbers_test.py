@@ -21,7 +21,7 @@ FATAL = "Invalid procedure call or argument"
 
 
 def setUpModule():
-    require_tools("xdotool", "openbox")
+    require_tools("xdotool", "openbox", "import")
 
 
 tearDownModule = remove_stray_snapshot
@@ -53,7 +53,8 @@ class DialogTest(DisplayTest):
         host.root.chmod(0o700)  # Qt wants its runtime folder private
         process = host.start(DISPLAY=self.server.display, XDG_RUNTIME_DIR=str(host.root), HOME=str(host.root),
                              ASAN_OPTIONS=LEAKS_OF_QT, **environment)
-        self.activate(self.window("Filter", process))
+        self.filter_window = self.window("Filter", process)
+        self.activate(self.filter_window)
         return process
 
     def activate(self, window):
@@ -109,6 +110,27 @@ class DialogTest(DisplayTest):
                 self.assertEqual((host.win_state(), host.snapshots()), (None, []))
                 self.assertEqual(host.picture.read_bytes(), self.file)
                 self.assertEqual(self.clipboard_rows(), self.picture.rows)
+
+    def width(self):
+        geometry = self.tool("xdotool", "getwindowgeometry", "--shell", self.filter_window)
+        return int(geometry.split("WIDTH=")[1].split()[0])
+
+    def colours(self, width, height, x, y):
+        """What is seen in a rectangle of the dialog."""
+        rows = self.tool("import", "-window", self.filter_window, "-crop", f"{width}x{height}+{x}+{y}", "txt:-")
+        return {row.split()[2] for row in rows.splitlines()[1:]}
+
+    def test_a_dialog_that_shrinks(self):
+        """What has moved leaves nothing behind."""
+        with HandOff(PROGRAM) as host:
+            process = self.open(host, 27)
+            before = self.width()
+            self.tool("xdotool", "windowsize", self.filter_window, "100", "100")
+            self.wait_for(lambda: self.width() < before, "smaller window")
+            ground = self.colours(1, 1, 3, 60)
+            self.wait_for(lambda: self.colours(1, 90, self.width() // 2, 60) == ground, "gap between the panes")
+            self.keys("Escape")
+            finished(process)
 
     def test_apply_in_a_dialog_that_stays(self):
         for number in DIALOG_NUMBERS:
