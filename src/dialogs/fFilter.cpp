@@ -151,7 +151,6 @@ void fFilter::cmdPreviewClicked() {
 void fFilter::cmdApplyClicked() {
     WritePrivateProfileString("ZV-HARBORLY", "WinState", "1", AppFolder() + "config.ini");
     fMain::Global().DIBFilter_ProgressEnd();
-    m_form.cmdApply->setEnabled(false);
     if (m_form.chkNoClose->isChecked()) {
         const cDIB& document = fMain::Global().Canvas.DIB;
         if (document.hDIBDC() != nullptr) before().DIB.LoadBlt(*document.hDIBDC());
@@ -160,6 +159,7 @@ void fFilter::cmdApplyClicked() {
         setCommands(true, false);
         return;
     }
+    m_form.cmdApply->setEnabled(false);  // nothing is left to take back
     done(Accepted);
     // kept: the main window is another one now, without a file, so that this Save is a fatal error. The
     // result is on the clipboard, and temp.bmp stays as it was.

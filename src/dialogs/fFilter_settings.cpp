@@ -116,11 +116,15 @@ void fFilter::ShowColors(int HideIndex) {
     m_form.fraColorSelection->show();
 }
 
-/// Enter does what comes next.
+/// Enter does what comes next, and the keyboard goes there from a button that cannot be pressed any more.
 void fFilter::setCommands(bool preview, bool apply) {
+    const bool isOnCommand = m_form.cmdPreview == focusWidget() || m_form.cmdApply == focusWidget();
+    QPushButton* const next = apply ? m_form.cmdApply : m_form.cmdPreview;
+    next->setEnabled(apply || preview);
+    if (isOnCommand) next->setFocus();
     m_form.cmdPreview->setEnabled(preview);
     m_form.cmdApply->setEnabled(apply);
-    (apply ? m_form.cmdApply : m_form.cmdPreview)->setDefault(true);
+    next->setDefault(true);
 }
 
 void fFilter::offerPreview() {

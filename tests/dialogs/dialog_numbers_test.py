@@ -147,6 +147,18 @@ class DialogTest(DisplayTest):
                 if number == 27:
                     self.assertEqual(self.clipboard_rows(), self.picture.rows)  # the negative of the negative
 
+    def test_enter_is_what_comes_next(self):
+        """Also on the button that has just been pressed."""
+        with HandOff(PROGRAM) as host:
+            process = self.open(host, 27)
+            self.keys("alt+d", "Tab", "space", "Return")
+            self.wait_for(lambda: len(host.snapshots()) == 1, "snapshot", process)
+            self.keys("Return", "Return")
+            self.wait_for(lambda: len(host.snapshots()) == 2, "snapshot", process)
+            self.keys("Escape")
+            self.assertEqual(finished(process).status, 0)
+            self.assertEqual(self.clipboard_rows(), self.picture.rows)  # the negative of the negative
+
     def test_a_slider_by_the_keyboard(self):
         with HandOff(PROGRAM) as host:
             process = self.open(host, 29)
