@@ -23,7 +23,7 @@ void ColorLabel::setBackColor(Color color) {
 
 QSize ColorLabel::sizeHint() const {
     const int line = fontMetrics().height();
-    return {3 * line, line + 6};
+    return {3 * line, line + 8};
 }
 
 void ColorLabel::paintEvent(QPaintEvent* /*event*/) {

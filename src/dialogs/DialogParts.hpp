@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QPoint>
+#include <QSize>
 #include <QWidget>
 
 namespace mobrel {
@@ -32,5 +33,13 @@ class MoveArea : public QWidget {
 /// How many of Qt's pixels a pixel of the designed dialog is: more than 1 for a font that is larger than the
 /// designed one.
 double designUnit(const QWidget& widget);
+
+/// What the window manager's frame around a window is likely to take: it is not known before the window is
+/// shown.
+QSize likelyFrame(const QWidget& window);
+
+/// The place nearest to the given one, wherever that is, at which all of a window of that size, frame
+/// included, is on a screen.
+QPoint reachablePlace(const QPointF& place, QSize outerSize);
 
 }  // namespace mobrel

@@ -10,7 +10,6 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QToolButton>
-#include <algorithm>
 #include <utility>
 
 #include "desktop/Boundary.hpp"
@@ -40,23 +39,14 @@ void setCheckBox(QCheckBox& box, std::int16_t value) {
     box.setChecked(value != 0);
 }
 
-/// A place of the window at which a person can reach it.
-QPoint reachable(QPoint place, QSize size) {
-    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-    const auto inside = [](int value, int least, int greatest) {
-        return std::clamp(value, least, std::max(least, greatest));
-    };
-    return {inside(place.x(), screen.left(), screen.right() - size.width()),
-            inside(place.y(), screen.top(), screen.bottom() - size.height())};
-}
-
 }  // namespace
 
 fFilter::fFilter() : m_form(*this) {
     setWindowTitle("Filter");
     setWindowFlag(Qt::WindowStaysOnTopHint);
-    const double unit = designUnit(*this);
-    resize(qRound(kWidth * unit), qRound(kHeight * unit));
+    const QSize room = QGuiApplication::primaryScreen()->availableSize() - likelyFrame(*this);
+    m_form.fitHeight(room.height());
+    resize((QSizeF(kWidth, kHeight) * designUnit(*this)).toSize().boundedTo(room));
     connectControls();
     loadSettings();
     connectFilter();
@@ -70,12 +60,12 @@ fFilter::~fFilter() {
 
 void fFilter::loadSettings() {
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-    const QPoint centred = screen.center() - rect().center();
+    const QSize outerSize = size() + likelyFrame(*this);
+    const QPoint centred = screen.center() - QRect(QPoint(), outerSize).center();
     const FilterSettings settings =
         LoadFilterSettings({.Top = static_cast<float>(centred.y() * kTwipsPerPixel),
                             .Left = static_cast<float>(centred.x() * kTwipsPerPixel)});
-    const QPointF place = QPointF(settings.place.Left, settings.place.Top) / kTwipsPerPixel;
-    move(reachable(place.toPoint(), size()));
+    move(reachablePlace(QPointF(settings.place.Left, settings.place.Top) / kTwipsPerPixel, outerSize));
     setCheckBox(*m_form.chkFit, settings.BeforeFit);
     setCheckBox(*m_form.chkPickColor, settings.BeforePickColor);
     setCheckBox(*m_form.chkResetValues, settings.ResetValues);

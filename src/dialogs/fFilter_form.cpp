@@ -23,11 +23,9 @@ namespace {
 // Design pixels.
 constexpr int kMargin = 8;
 constexpr int kGap = 6;
-constexpr int kPaneWidth = 280;
-constexpr int kPaneHeight = 210;
-/// Panes are at least so large that the etched line stands at 195.
-constexpr int kLeastPaneWidth = 200;
-constexpr int kLeastPaneHeight = 126;
+/// Panes are at least so large that the etched line stands at 195, and that the tools of one fit below it.
+constexpr int kLeastPaneWidth = 250;
+constexpr int kLeastPaneHeight = 129;
 constexpr int kParametersHeight = 104;
 constexpr int kParameterHeight = 20;
 
@@ -125,12 +123,13 @@ QLayout* FilterForm::makePanes() {
     iAft = named("iAft", new OwningControlWidget<PicturePane>);
     iAft->setAccessibleName("After");
     iAft->setFocusPolicy(Qt::NoFocus);
-    for (QWidget* const pane : {static_cast<QWidget*>(iBfrCanvas), static_cast<QWidget*>(iAft)})
-        pane->setMinimumSize(units(kLeastPaneWidth), units(kLeastPaneHeight));
+    m_paneFrames = {framed(iBfrCanvas), framed(iAft)};
     auto* const grid = new QGridLayout;
     grid->setSpacing(kGap);
-    grid->addWidget(framed(iBfrCanvas), 0, 0);
-    grid->addWidget(framed(iAft), 0, 1);
+    for (std::size_t i = 0; i < m_paneFrames.size(); ++i) {
+        m_paneFrames[i]->setMinimumSize(units(kLeastPaneWidth), units(kLeastPaneHeight));
+        grid->addWidget(m_paneFrames[i], 0, static_cast<int>(i));
+    }
     grid->addLayout(makeBeforeTools(), 1, 0);
     grid->addLayout(makeCommand(), 1, 1);
     grid->setRowStretch(0, 1);
@@ -178,8 +177,9 @@ QLayout* FilterForm::makeCommand() {
 QLayout* FilterForm::makeSettings() {
     lblComboFilter = named("lblComboFilter", new QLabel("Filter"));
     cbFilter = named("cbFilter", new QComboBox);
-    cbFilter->setView(new QListView(cbFilter));
     cbFilter->setStyleSheet("QComboBox { combobox-popup: 0; }");  // a list below, not a menu over it
+    cbFilter->setView(new QListView(cbFilter));
+    cbFilter->view()->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     for (const FilterTableEntry& entry : kFilterTable) cbFilter->addItem(qtText(entry.caption));
     lblComboFilter->setBuddy(cbFilter);
 
@@ -304,6 +304,13 @@ void FilterForm::placeSliders(std::size_t count) {
         fraParam[i]->setGeometry(kMargin, units(kTops[count - 1][i]), fraParams->width() - 2 * kMargin,
                                  units(kParameterHeight));
     }
+}
+
+void FilterForm::fitHeight(int height) {
+    const int missing = m_dialog.minimumSizeHint().height() - height;
+    if (missing <= 0) return;
+    for (QFrame* const frame : m_paneFrames)
+        frame->setMinimumHeight(std::max(1, frame->minimumHeight() - missing));
 }
 
 void FilterForm::fitDropDown(const QDialog& dialog) {

@@ -29,6 +29,8 @@ class FilterForm {
  public:
     explicit FilterForm(QDialog& dialog);
 
+    /// Lowers the panes where the dialog as it is designed is higher than that.
+    void fitHeight(int height);
     /// How far below the list its drop-down can reach.
     void fitDropDown(const QDialog& dialog);
     /// Shows a slider in its row; the rows of as many sliders stand in the middle.
@@ -86,6 +88,7 @@ class FilterForm {
 
     QDialog& m_dialog;
     double m_unit;
+    std::array<QFrame*, 2> m_paneFrames;
 };
 
 }  // namespace mobrel

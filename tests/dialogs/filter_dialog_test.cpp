@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <QToolButton>
 
@@ -291,6 +292,25 @@ TEST_F(FilterDialog, OptionsAreReadAndNeverWritten) {
         click(dialog, "chkNoClose");
     });
     EXPECT_EQ(setting("Options", "FilterNoClose"), "1");
+}
+
+TEST_F(FilterDialog, StandsOnTheScreenAsAWhole) {
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    for (const char* place : {"FilterTop=1e30\nFilterLeft=-1e30\n", "FilterTop=-1500\nFilterLeft=1e6\n"}) {
+        std::ofstream(fileInFolder("Mobrel.ini")) << "[Forms]\n" << place;
+        withDialog(1, [&](fFilter& dialog) {
+            EXPECT_TRUE(screen.contains(QRect(dialog.pos(), dialog.size()))) << place;
+        });
+    }
+    const QFont font = QApplication::font();
+    QFont large = font;
+    large.setPointSize(16);  // which the designed dialog would be too high for
+    QApplication::setFont(large);
+    withDialog(1, [&](fFilter& dialog) {
+        const int bottom = child<QPushButton>(dialog, "cmdClose").mapToGlobal(QPoint(0, 0)).y();
+        EXPECT_LT(bottom + child<QPushButton>(dialog, "cmdClose").height(), screen.bottom());
+    });
+    QApplication::setFont(font);
 }
 
 TEST_F(FilterDialog, AnOptionThatIsNoStateOfACheckBoxIsAnError) {
