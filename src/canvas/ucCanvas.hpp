@@ -89,6 +89,8 @@ class ucCanvas : public Control {
     /// The whole picture in the control, never enlarged. Nothing is laid out.
     bool FitMode() const noexcept { return m_fitMode; }
     void setFitMode(bool value) noexcept { m_fitMode = value; }
+    /// The zoom at which the wheel stops; 100 unless an owner stops elsewhere.
+    void setLargestWheelZoom(std::int32_t value) noexcept { m_largestWheelZoom = value; }
     /// A disabled control takes no input, apart from the end of a gesture.
     bool Enabled() const noexcept { return m_isEnabled; }
     void setEnabled(bool value) noexcept { m_isEnabled = value; }
@@ -103,7 +105,7 @@ class ucCanvas : public Control {
     void pointerMoved(const PointerInput& input) override;
     void pointerReleased(const PointerInput& input) override;
     void pointerDoubleClicked(const PointerInput& input) override;
-    /// Scrolls by 3 lines of 16 design pixels a notch, with Shift sideways; with Control it zooms, 1 to 100,
+    /// Scrolls by 3 lines of 16 design pixels a notch, with Shift sideways; with Control it zooms
     /// about the picture pixel under the pointer. Not in FitMode and not during a gesture.
     void wheelTurned(const WheelInput& input) override;
     /// The arrows and the numeric plus and minus are the canvas's own.
@@ -221,6 +223,7 @@ class ucCanvas : public Control {
     bool m_isEnabled = true;
     std::uint32_t m_backColor = systemColorValue(SystemColor::ButtonFace);
     Clipboard* m_clipboard = nullptr;
+    std::int32_t m_largestWheelZoom = 100;
     WheelTurns m_horizontalTurns;
     WheelTurns m_verticalTurns;
     WheelTurns m_zoomTurns;

@@ -164,10 +164,9 @@ void ucCanvas::scrollByWheel(const WheelInput& input) {
 }
 
 void ucCanvas::zoomByWheel(const WheelInput& input) {
-    constexpr std::int32_t kLargest = 100;
     const int levels = m_zoomTurns.take(input.vertical, 1);
     const auto zoom = limited(std::int64_t{m_zoom} + levels);
-    const std::int32_t allowed = std::clamp(zoom, 1, std::max(kLargest, m_zoom));
+    const std::int32_t allowed = std::clamp(zoom, 1, std::max(m_largestWheelZoom, m_zoom));
     if (allowed == m_zoom) return;
     zoomAbout(allowed, std::clamp(roundLimited(input.x), 0, width()),
               std::clamp(roundLimited(input.y), 0, height()));

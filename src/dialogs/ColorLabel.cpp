@@ -2,12 +2,17 @@
 #include "dialogs/ColorLabel.hpp"
 
 #include <QPainter>
-#include <QStyleOptionFocusRect>
 #include <QStyleOptionFrame>
 
 #include "desktop/QtValues.hpp"
 
 namespace mobrel {
+
+namespace {
+
+constexpr int kMiddleGrey = 128;
+
+}  // namespace
 
 ColorLabel::ColorLabel(QWidget* parent) : QAbstractButton(parent) {
     setFocusPolicy(Qt::StrongFocus);
@@ -36,11 +41,9 @@ void ColorLabel::paintEvent(QPaintEvent* /*event*/) {
                      isEnabled() ? qtColor(m_color) : palette().color(QPalette::Window));
     style()->drawPrimitive(QStyle::PE_Frame, &frame, &painter, this);
     if (!hasFocus()) return;
-    QStyleOptionFocusRect focus;
-    focus.initFrom(this);
-    focus.rect = rect().adjusted(2, 2, -2, -2);
-    focus.backgroundColor = qtColor(m_color);
-    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
+    // The style's own focus rectangle is lost on a colour like its highlight.
+    painter.setPen(qGray(qtColor(m_color).rgb()) < kMiddleGrey ? Qt::white : Qt::black);
+    painter.drawRect(rect().adjusted(2, 2, -3, -3));
 }
 
 }  // namespace mobrel

@@ -82,14 +82,14 @@ FilterForm::FilterForm(QDialog& dialog) : m_dialog(dialog), m_unit(designUnit(di
     orderTabs();
 }
 
-/// From the list through what is set to the commands; the panes and their tools come last.
+/// From the list through what is set to the commands; the tools of the panes come last.
 void FilterForm::orderTabs() {
     std::vector<QWidget*> order = {cbFilter};
     order.insert(order.end(), sbParam.begin(), sbParam.end());
     order.insert(order.end(), lblColor.begin(), lblColor.end());
     for (QWidget* const next : std::initializer_list<QWidget*>{
-             chkResetValues, chkNoClose, cmdPreview, cmdApply, cmdClose, iBfrCanvas, chkFit, cmdZoomIn,
-             cmdZoomOut, chkPickColor, chkLock, CommandUndo, CommandRedo})
+             chkResetValues, chkNoClose, cmdPreview, cmdApply, cmdClose, chkFit, cmdZoomIn, cmdZoomOut,
+             chkPickColor, chkLock, CommandUndo, CommandRedo})
         order.push_back(next);
     for (std::size_t i = 1; i < order.size(); ++i) QWidget::setTabOrder(order[i - 1], order[i]);
     cbFilter->setFocus();
@@ -122,7 +122,8 @@ QLayout* FilterForm::makePanes() {
     iBfrCanvas->setAccessibleName("Before");
     iAft = named("iAft", new OwningControlWidget<PicturePane>);
     iAft->setAccessibleName("After");
-    iAft->setFocusPolicy(Qt::NoFocus);
+    for (QWidget* const pane : std::initializer_list<QWidget*>{iBfrCanvas, iAft})
+        pane->setFocusPolicy(Qt::NoFocus);  // no key means anything there
     m_paneFrames = {framed(iBfrCanvas), framed(iAft)};
     auto* const grid = new QGridLayout;
     grid->setSpacing(kGap);

@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QToolButton>
 
@@ -55,6 +56,7 @@ void fFilter::connectControls() {
     const auto pick = [this](std::int16_t button, std::int16_t, std::int32_t x, std::int32_t y) {
         pickColor(button, x, y);
     };
+    before().setLargestWheelZoom(kGreatestZoom);
     before().MouseDown.connect(pick);
     before().MouseMove.connect(pick);
     m_form.iAft->owned().Resized.connect([this] {
@@ -81,6 +83,7 @@ std::size_t fFilter::sliderCount() const {
 
 void fFilter::SetupParams(Reset reset) {
     if (reset == Reset::Yes) {
+        const QPointer<QWidget> keyboard = focusWidget();
         ParamsReady = false;
         m_form.fraParams->hide();
         for (QWidget* const row : m_form.fraParam) row->hide();
@@ -90,6 +93,7 @@ void fFilter::SetupParams(Reset reset) {
         if (entry().colors == FilterColors::From) ShowColors(1);
         ParamsReady = true;
         m_form.fraParams->show();
+        if (keyboard && keyboard->isVisibleTo(this)) keyboard->setFocus();  // hiding has taken it away
     }
     showSmallRoad();
 }
@@ -102,6 +106,7 @@ void fFilter::SetParam(std::size_t Index, const FilterSlider& slider) {
     control.setMin(slider.least);
     control.setMax(slider.greatest);
     control.setValue(slider.preset);
+    control.setOrientation(SliderOrientation::Horizontal);  // a new range alone does not move the knob
     m_form.placeSliders(Index + 1);
     for (std::size_t i = 0; i <= Index; ++i) m_form.fraParam[i]->show();
 }

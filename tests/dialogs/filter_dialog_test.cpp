@@ -113,6 +113,12 @@ TEST_F(FilterDialog, SlidersAreThoseOfTheFilter) {
         EXPECT_EQ(shown()[1], "Saturation 80");
         for (const int filter : {12, 20, 1, 5, 25, 3}) choose(dialog, filter);  // ranges of all kinds in turn
         EXPECT_EQ(shown(), (Rows{"Hue 0", "Saturation 50", "Luminosity 100"}));
+        const auto knob = [&](int earlier) {
+            choose(dialog, earlier);
+            choose(dialog, 18);
+            return child<QWidget>(dialog, "sbParam(1)").grab().toImage();
+        };
+        EXPECT_EQ(knob(20), knob(3));  // 0 is in the middle of one, and at the beginning of the other
         choose(dialog, 17);
         EXPECT_EQ(shown(), (Rows{"Level 1"}));
         EXPECT_EQ(std::pair(slider(dialog, 0).Min(), slider(dialog, 0).Max()), std::pair(1, 100));
@@ -187,10 +193,13 @@ TEST_F(FilterDialog, ClosingTakesBackWhatIsNotApplied) {
 TEST_F(FilterDialog, ResetGoesBackToTheDefaultsAfterAPreview) {
     withDialog(5, [&](fFilter& dialog) {
         child<QCheckBox>(dialog, "chkResetValues").setChecked(true);
+        auto& keyboard = child<QWidget>(dialog, "sbParam(0)");
+        keyboard.setFocus();
         slider(dialog, 0).setValue(99);
         click(dialog, "cmdPreview");
         EXPECT_EQ(slider(dialog, 0).Value(), 0);
         EXPECT_EQ(commands(dialog), kApply);
+        EXPECT_EQ(dialog.focusWidget(), &keyboard);
     });
 }
 
@@ -239,6 +248,8 @@ TEST_F(FilterDialog, FitAndZoom) {
         EXPECT_FALSE(before(dialog).FitMode());
         EXPECT_EQ(zoomButtons(), std::pair(true, true));
         for (int i = 0; i < 12; ++i) click(dialog, "cmdZoomIn");
+        EXPECT_EQ(before(dialog).Zoom(), 10);
+        before(dialog).wheelTurned({ShiftState::kControl, 5, 5, 0, 120});
         EXPECT_EQ(before(dialog).Zoom(), 10);
         for (int i = 0; i < 12; ++i) click(dialog, "cmdZoomOut");
         EXPECT_EQ(before(dialog).Zoom(), 1);
