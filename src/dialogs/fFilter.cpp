@@ -15,10 +15,9 @@
 #include "desktop/Boundary.hpp"
 #include "desktop/QtDesktop.hpp"
 #include "dialogs/DialogParts.hpp"
-#include "platform/ProfileFile.hpp"
 #include "platform/RuntimeError.hpp"
 #include "shell/fMain.hpp"
-#include "shell/mMisc.hpp"
+#include "shell/mINI.hpp"
 #include "shell/mSettings.hpp"
 
 namespace mobrel {
@@ -89,6 +88,7 @@ void fFilter::Initialize(int id) {
     m_isInitialized = true;
     fitAfter();
     if (id == 0) AfterDIB.LoadDIBBlt(before().DIB);
+    if (id < 0 || id >= m_form.cbFilter->count()) throw RuntimeError(ErrorNumber::InvalidPropertyValue);
     m_form.cbFilter->setCurrentIndex(id);
     listClicked();
 }
@@ -139,7 +139,7 @@ void fFilter::cmdPreviewClicked() {
 }
 
 void fFilter::cmdApplyClicked() {
-    WritePrivateProfileString("ZV-HARBORLY", "WinState", "1", AppFolder() + "config.ini");
+    writeWinState();
     fMain::Global().DIBFilter_ProgressEnd();
     if (m_form.chkNoClose->isChecked()) {
         const cDIB& document = fMain::Global().Canvas.DIB;

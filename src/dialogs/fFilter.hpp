@@ -25,7 +25,7 @@ class fFilter : public QDialog, public DocumentDialog {
     fFilter& operator=(const fFilter&) = delete;
 
     /// Takes the document over, and chooses a filter by its number in kFilterTable. Called before the dialog
-    /// is shown.
+    /// is shown. Error 380 for a number that is not in the table.
     void Initialize(int id);
 
     /// True only while a filter runs on the document for a look at it.

@@ -5,16 +5,12 @@
 #include <optional>
 
 #include "platform/NumberText.hpp"
-#include "platform/ProfileFile.hpp"
 #include "shell/fMain.hpp"
 #include "shell/mINI.hpp"
-#include "shell/mMisc.hpp"
 
 namespace mobrel {
 
 namespace {
-
-constexpr const char* kSection = "ZV-HARBORLY";
 
 enum class TaskKind { FilterDialog, Depth, Sepia, Despeckle };
 
@@ -70,7 +66,7 @@ std::optional<HostTask> taskOf(const std::string& filter) {
 
 /// Each statement that fails is skipped, and the next one runs.
 void fMain::pvHostStart() {
-    const auto task = taskOf(ConfigRead(kSection, "Filter"));
+    const auto task = taskOf(ConfigRead(kHandoffSection, "Filter"));
     if (!task) return pvTail();
     if (task->pointer == Pointer::Hourglass) m_desktop.windows->setHourglass(true);
     switch (task->kind) {
@@ -92,7 +88,7 @@ void fMain::pvHostStart() {
 
 void fMain::pvTail() {
     skipErrors([&] { mnuFiles(1); });
-    WritePrivateProfileString(kSection, "WinState", "1", AppFolder() + "config.ini");
+    writeWinState();
     skipErrors([&] { Unload(); });
     m_desktop.windows->setHourglass(false);
 }

@@ -9,6 +9,8 @@ namespace mobrel {
 
 namespace {
 
+constexpr const char* kHandoffFile = "config.ini";
+
 std::string pathOf(std::string_view file) {
     return AppFolder().append(file);
 }
@@ -31,10 +33,14 @@ std::string INIRead(std::string_view file, std::string_view section, std::string
     return value.erase(0, std::min(value.find_first_not_of(' '), value.size()));
 }
 
+void writeWinState() {
+    INIWrite(kHandoffFile, kHandoffSection, "WinState", "1");
+}
+
 std::string ConfigRead(std::string_view section, std::string_view key) {
     constexpr std::size_t kBufferSize = 255;
     const std::string value =
-        GetPrivateProfileString(section, key, "ERROR", kBufferSize, pathOf("config.ini"));
+        GetPrivateProfileString(section, key, "ERROR", kBufferSize, pathOf(kHandoffFile));
     return value.substr(0, value.find('\0'));
 }
 

@@ -21,6 +21,13 @@ void INIWrite(std::string_view file, std::span<const ProfileValue> values);
 std::string INIRead(std::string_view file, std::string_view section, std::string_view key,
                     std::string_view defaultValue);
 
+/// The one section of the hand-off file config.ini.
+constexpr std::string_view kHandoffSection = "ZV-HARBORLY";
+
+/// Tells the host that its task was done: WinState in config.ini becomes 1. A file that cannot be written
+/// says nothing.
+void writeWinState();
+
 /// Reads one value of the hand-off file config.ini, at most 254 bytes of it and up to its first NUL;
 /// "ERROR" when it is not there.
 std::string ConfigRead(std::string_view section, std::string_view key);
