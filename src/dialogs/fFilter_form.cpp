@@ -54,6 +54,18 @@ void keepPlace(QWidget& widget) {
     widget.setSizePolicy(policy);
 }
 
+/// Room for its text in two lines. A height that depends on the width would not count in the least height of
+/// the dialog, and its rows would overlap.
+void keepTwoLines(QLabel& label) {
+    constexpr double kLongerHalf = 0.6;
+    const QFontMetrics metrics = label.fontMetrics();
+    label.setMinimumSize(qRound(kLongerHalf * metrics.horizontalAdvance(label.text())),
+                         2 * metrics.lineSpacing());
+    QSizePolicy policy = label.sizePolicy();
+    policy.setHeightForWidth(false);
+    label.setSizePolicy(policy);
+}
+
 template <typename Widget>
 Widget* named(const char* name, Widget* widget) {
     widget->setObjectName(name);
@@ -269,6 +281,7 @@ QLayout* FilterForm::makeButtons() {
     Info1 = named("Info1",
                   new QLabel("Click Preview button, and click Apply button, and click view area in main."));
     Info1->setWordWrap(true);
+    keepTwoLines(*Info1);
     Info1->hide();
     keepPlace(*Info1);
     cmdPreview = named("cmdPreview", new QPushButton("&Preview"));

@@ -351,6 +351,11 @@ TEST_F(FilterDialog, GrowsWithBothPanes) {
         const int top = (after.control().height() - 4) / 2;
         const Color original = static_cast<Color>(before(dialog).DIB.hDIBDC()->GetPixel(2, 1));
         EXPECT_EQ(seen.pixelColor(left + 2, top + 1).red(), 255 - static_cast<int>(original & 0xFF));
+
+        dialog.resize(1, 1);
+        QCoreApplication::processEvents();
+        const int bottom = after.mapTo(&dialog, after.rect().bottomLeft()).y();
+        EXPECT_GT(child<QWidget>(dialog, "cmdZoomIn").y(), bottom + 5) << "rows keep their distance";
     });
 }
 
