@@ -140,6 +140,7 @@ TEST_F(BrowseFolder, StatusTellsWhatWouldBeChosen) {
         for (const auto& [act, wanted] : steps) {
             act();
             QCoreApplication::processEvents();
+            static_cast<void>(QTest::qWaitFor([&] { return status(dialog) == wanted; }));  // as above
             EXPECT_EQ(status(dialog), wanted);
         }
         agree(dialog);
