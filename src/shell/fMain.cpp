@@ -52,6 +52,7 @@ fMain& fMain::Global() {
 
 void fMain::setGlobalDesktop(Desktop desktop) {
     globalDesktop() = desktop;
+    if (!mainWindows().empty() && !mainWindows().back()->m_loaded) g_referenced = false;
 }
 
 fMain::fMain(Desktop desktop) : m_desktop(desktop) {

@@ -28,7 +28,8 @@ class fMain {
     /// one, which was never loaded; the old one lives on until the process ends, since a command of it
     /// may still be running.
     static fMain& Global();
-    /// What objects made by Global stand on; the console desktop until a program gives another.
+    /// What objects made by Global stand on; the console desktop until a program gives another. One that was
+    /// never loaded is made anew.
     static void setGlobalDesktop(Desktop desktop);
 
     explicit fMain(Desktop desktop);

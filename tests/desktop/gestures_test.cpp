@@ -56,7 +56,7 @@ TEST_F(CanvasGestures, AFrameIsDrawnAndCutOutByItsMenu) {
                           menu->actionGeometry(menu->actions().constFirst()).center());
     });
     chooser.start(5);
-    QTest::mousePress(&m_widget, Qt::RightButton, {}, {40, 35});
+    QTest::mouseClick(&m_widget, Qt::RightButton, {}, {40, 35});
     EXPECT_EQ(std::pair(canvas().DIB.Width(), canvas().DIB.Height()), std::pair(25, 20));
 }
 
