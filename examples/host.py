@@ -14,6 +14,8 @@ import subprocess
 import sys
 from pathlib import Path
 
+RESULT = "result.bmp"
+
 
 class HandOffError(Exception):
     """The work was not done; the text says why."""
@@ -42,6 +44,7 @@ def hand_over(folder, number, picture=None):
     folder = Path(folder).resolve()
     exchange = folder / "temp.bmp"
     config = folder / "config.ini"
+    result = folder / RESULT
     program = find_program()
     if not folder.is_dir():
         raise HandOffError(f"no folder {folder}")
@@ -57,21 +60,23 @@ def hand_over(folder, number, picture=None):
     #    changes only these two lines.
     config.write_bytes(f"[ZV-HARBORLY]\r\nFilter={number}\r\n".encode())
 
-    # 3. Start, and wait for the end.
+    # 3. Start, and wait for the end. The result file has the picture of every run; temp.bmp stays as it is
+    #    after a dialog.
+    result.unlink(missing_ok=True)
     ended = subprocess.run([program], stdin=subprocess.DEVNULL, stderr=subprocess.PIPE, check=False,
-                           env=os.environ | {"MOBREL_FOLDER": str(folder)})
+                           env=os.environ | {"MOBREL_FOLDER": str(folder), "MOBREL_RESULT": str(result)})
     told = ended.stderr.decode(errors="replace").strip()
 
-    # 4. Was the work done?
-    if ended.returncode != 0:
-        raise HandOffError(f"the program ended with status {ended.returncode}: {told}")
+    # 4. Was the work done? WinState tells, and not the status: after Apply in a dialog that is 1.
     if win_state(config) != "1":
+        if ended.returncode != 0:
+            raise HandOffError(f"the program ended with status {ended.returncode}: {told}")
         raise HandOffError(f"the program ended without setting WinState {told}".rstrip())
     if told:
         raise HandOffError(told)
 
     # 5. The result.
-    return exchange.read_bytes() != before
+    return result.read_bytes() != before
 
 
 def main(arguments):
@@ -83,7 +88,7 @@ def main(arguments):
     except (HandOffError, OSError) as error:
         print(f"host: {error}", file=sys.stderr)
         return 1
-    result = Path(arguments[0]) / "temp.bmp"
+    result = Path(arguments[0]) / RESULT
     print(f"host: done, {'the result is' if changed else 'the picture is as it was:'} {result}")
     return 0
 

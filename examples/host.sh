@@ -39,25 +39,28 @@ if [ $# -eq 3 ]; then
     mv "$folder/temp.bmp.new" "$folder/temp.bmp"
 fi
 [ -f "$folder/temp.bmp" ] || fail "no picture: $folder/temp.bmp is not there and none was named"
+result=$(cd "$folder" && pwd)/result.bmp
 before=$(cksum <"$folder/temp.bmp")
 
 # 2. The number, and no WinState of an earlier run. A host that keeps other things in config.ini changes
 #    only these two lines.
 printf '[ZV-HARBORLY]\r\nFilter=%s\r\n' "$number" >"$folder/config.ini"
 
-# 3. Start, and wait for the end. What the program has to tell stands on its standard error.
+# 3. Start, and wait for the end. What the program has to tell stands on its standard error. The result file
+#    has the picture of every run; temp.bmp stays as it is after a dialog.
+rm -f "$result"
 status=0
-told=$(MOBREL_FOLDER=$(cd "$folder" && pwd) "$program" </dev/null 2>&1) || status=$?
+told=$(MOBREL_FOLDER=$(cd "$folder" && pwd) MOBREL_RESULT=$result "$program" </dev/null 2>&1) || status=$?
 
-# 4. Was the work done?
+# 4. Was the work done? WinState tells, and not the status: after Apply in a dialog that is 1.
 state=$(tr -d '\r' <"$folder/config.ini" | sed -n 's/^WinState=//p')
-[ "$status" -eq 0 ] || fail "the program ended with status $status: $told"
+[ "$state" = 1 ] || [ "$status" -eq 0 ] || fail "the program ended with status $status: $told"
 [ "$state" = 1 ] || fail "the program ended without setting WinState $told"
 [ -z "$told" ] || fail "$told"
 
 # 5. The result.
-if [ "$before" = "$(cksum <"$folder/temp.bmp")" ]; then
-    say "done, the picture is as it was: $folder/temp.bmp"
+if [ "$before" = "$(cksum <"$result")" ]; then
+    say "done, the picture is as it was: $result"
 else
-    say "done, the result is $folder/temp.bmp"
+    say "done, the result is $result"
 fi

@@ -151,7 +151,7 @@ class DialogTest(DisplayTest):
         """Also on the button that has just been pressed."""
         with HandOff(PROGRAM) as host:
             process = self.open(host, 27)
-            self.keys("alt+d", "Tab", "space", "Return")
+            self.keys("Tab", "Tab", "space", "Tab", "space", "Return")
             self.wait_for(lambda: len(host.snapshots()) == 1, "snapshot", process)
             self.keys("Return", "Return")
             self.wait_for(lambda: len(host.snapshots()) == 2, "snapshot", process)
