@@ -116,9 +116,9 @@ TEST(ListGestures, ADragPaintsTheStateOfItsFirstRow) {
     QTest::mousePress(&widget, Qt::LeftButton, {}, {50, 15});
     for (const int y : {45, 75}) QTest::mouseMove(&widget, {50, y});
     QTest::mouseRelease(&widget, Qt::LeftButton, {}, {50, 75});
-    std::vector<bool> selected;
-    for (int i = 0; i < 4; ++i) selected.push_back(list.ItemSelected(i));
-    EXPECT_EQ(selected, (std::vector<bool>{true, true, true, false}));
+    EXPECT_EQ(
+        std::tuple(list.ItemSelected(0), list.ItemSelected(1), list.ItemSelected(2), list.ItemSelected(3)),
+        std::tuple(true, true, true, false));
     QTest::keyClick(&widget, Qt::Key_End);
     QTest::keyClick(&widget, Qt::Key_Space);
     EXPECT_TRUE(list.ItemSelected(3));

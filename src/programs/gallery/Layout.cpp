@@ -19,9 +19,16 @@ QWidget* captioned(const QString& caption, QWidget* shown) {
     return box;
 }
 
+void later(QWidget& widget, int milliseconds, const std::function<void()>& act) {
+    auto* const timer = new QTimer(&widget);
+    timer->setSingleShot(true);
+    QObject::connect(timer, &QTimer::timeout, &widget, act);
+    timer->start(milliseconds);
+}
+
 void showFocused(QWidget& widget, Control& control) {
     // Once the window stands and its own keyboard has gone where it goes.
-    QTimer::singleShot(200, &widget, [&control] { control.focusChanged(true); });
+    later(widget, 200, [&control] { control.focusChanged(true); });
 }
 
 QGridLayout* gridIn(QWidget* section) {

@@ -3,7 +3,6 @@
 
 #include <QGridLayout>
 #include <QLabel>
-#include <QTimer>
 #include <array>
 
 #include "canvas/ucCanvas.hpp"
@@ -64,9 +63,7 @@ OwningControlWidget<ucCanvas>* makeFittedCanvas() {
 
 /// Draws a crop frame as a user does, once the window stands.
 void drawFrameLater(OwningControlWidget<ucCanvas>* widget) {
-    auto* const timer = new QTimer(widget);
-    timer->setSingleShot(true);
-    QObject::connect(timer, &QTimer::timeout, widget, [widget] {
+    later(*widget, 0, [widget] {
         ucCanvas& canvas = widget->owned();
         canvas.setWorkMode(ucCanvas::kCropMode);
         const auto place = [&](double x, double y) {
@@ -77,7 +74,6 @@ void drawFrameLater(OwningControlWidget<ucCanvas>* widget) {
         canvas.pointerMoved(place(0.7, 0.75));
         canvas.pointerReleased(place(0.7, 0.75));
     });
-    timer->start(0);
 }
 
 }  // namespace
