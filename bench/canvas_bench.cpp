@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "imaging/cDIB.hpp"
-#include "platform/DeviceContext.hpp"
+#include "platform/drawing/DeviceContext.hpp"
 #include "support/PhotoPicture.hpp"
 #include "support/PictureBench.hpp"
 

@@ -23,7 +23,7 @@
 #include "imaging/cDIBPal.hpp"
 #include "imaging/cDIBSave.hpp"
 #include "imaging/mGDIpEx.hpp"
-#include "platform/PictureLoader.hpp"
+#include "platform/pictures/PictureLoader.hpp"
 #include "support/PictureBench.hpp"
 #include "support/TestPictures.hpp"
 

@@ -13,7 +13,7 @@
 
 #include "controls/zenSlider.hpp"
 #include "desktop/Application.hpp"
-#include "dialogs/fFilter.hpp"
+#include "dialogs/filter/fFilter.hpp"
 #include "shell/fMain.hpp"
 #include "support/Arguments.hpp"
 #include "support/PhotoPicture.hpp"

@@ -11,8 +11,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/RandomSource.hpp"
-#include "platform/RuntimeError.hpp"
+#include "platform/base/RandomSource.hpp"
+#include "platform/base/RuntimeError.hpp"
 #include "programs/batch/Failure.hpp"
 #include "programs/batch/StepText.hpp"
 

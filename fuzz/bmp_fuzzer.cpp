@@ -8,8 +8,8 @@
 #include <span>
 #include <string>
 
-#include "platform/BmpInput.hpp"
-#include "platform/BmpReader.hpp"
+#include "platform/pictures/BmpInput.hpp"
+#include "platform/pictures/BmpReader.hpp"
 #include "support/PictureChecks.hpp"
 
 namespace {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Fuzz target of the JPEG reader: any bytes give a sound picture or a PictureError.
 #include "picture_target.hpp"
-#include "platform/codecs/JpegReader.hpp"
+#include "platform/pictures/codecs/JpegReader.hpp"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     mobrel::fuzz::checkReader(mobrel::readJpeg, {data, size});

@@ -10,7 +10,7 @@
 #include <span>
 #include <string>
 
-#include "platform/ReadOptions.hpp"
+#include "platform/pictures/ReadOptions.hpp"
 #include "support/PictureChecks.hpp"
 
 namespace mobrel::fuzz {

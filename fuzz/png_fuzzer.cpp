@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "picture_target.hpp"
-#include "platform/codecs/PngReader.hpp"
+#include "platform/pictures/codecs/PngReader.hpp"
 
 namespace {
 

@@ -10,9 +10,9 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/AsciiText.hpp"
-#include "platform/ProfileEncoding.hpp"
-#include "platform/ProfileText.hpp"
+#include "platform/base/AsciiText.hpp"
+#include "platform/system/ProfileEncoding.hpp"
+#include "platform/system/ProfileText.hpp"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <limits>
 #include <utility>
 
-#include "platform/Numbers.hpp"
+#include "platform/base/Numbers.hpp"
 
 namespace mobrel {
 

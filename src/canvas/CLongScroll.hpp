@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <memory>
 
-#include "platform/ControlHost.hpp"
-#include "platform/RuntimeError.hpp"
+#include "platform/base/RuntimeError.hpp"
+#include "platform/control/ControlHost.hpp"
 
 namespace mobrel {
 

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "platform/DeviceContext.hpp"
+#include "platform/drawing/DeviceContext.hpp"
 
 namespace mobrel {
 

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <limits>
 
-#include "platform/DeviceContext.hpp"
+#include "platform/drawing/DeviceContext.hpp"
 
 namespace mobrel {
 

@@ -11,11 +11,11 @@
 #include "canvas/ucCanvas_axis.hpp"
 #include "imaging/cDIB.hpp"
 #include "imaging/cDIB32.hpp"
-#include "platform/Control.hpp"
-#include "platform/Desktop.hpp"
-#include "platform/Event.hpp"
-#include "platform/PixelBuffer.hpp"
-#include "platform/SystemColors.hpp"
+#include "platform/base/Event.hpp"
+#include "platform/control/Control.hpp"
+#include "platform/drawing/PixelBuffer.hpp"
+#include "platform/drawing/SystemColors.hpp"
+#include "platform/screen/Desktop.hpp"
 
 namespace mobrel {
 

@@ -6,7 +6,7 @@
 #include <cstdint>
 
 #include "canvas/cFrame_scale.hpp"
-#include "platform/Numbers.hpp"
+#include "platform/base/Numbers.hpp"
 
 namespace mobrel {
 

@@ -3,8 +3,8 @@
 
 #include <utility>
 
-#include "platform/SystemColors.hpp"
-#include "platform/TextService.hpp"
+#include "platform/drawing/SystemColors.hpp"
+#include "platform/drawing/TextService.hpp"
 
 namespace mobrel {
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "platform/Control.hpp"
+#include "platform/control/Control.hpp"
 
 namespace mobrel {
 

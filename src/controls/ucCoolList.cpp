@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "platform/NumberText.hpp"
+#include "platform/base/NumberText.hpp"
 
 namespace mobrel {
 

@@ -15,7 +15,7 @@
 #include "canvas/CLongScroll.hpp"
 #include "controls/ucCoolListImages.hpp"
 #include "controls/ucCoolListProperties.hpp"
-#include "platform/Control.hpp"
+#include "platform/control/Control.hpp"
 
 namespace mobrel {
 

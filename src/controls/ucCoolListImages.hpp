@@ -2,7 +2,7 @@
 // What the list control needs of the object that holds its icons.
 #pragma once
 
-#include "platform/DeviceContext.hpp"
+#include "platform/drawing/DeviceContext.hpp"
 
 namespace mobrel {
 

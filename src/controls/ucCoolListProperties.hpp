@@ -5,10 +5,10 @@
 #include <cstdint>
 #include <memory>
 
-#include "platform/ControlPicture.hpp"
-#include "platform/PropertyBag.hpp"
-#include "platform/SystemColors.hpp"
-#include "platform/TextService.hpp"
+#include "platform/control/ControlPicture.hpp"
+#include "platform/control/PropertyBag.hpp"
+#include "platform/drawing/SystemColors.hpp"
+#include "platform/drawing/TextService.hpp"
 
 namespace mobrel {
 

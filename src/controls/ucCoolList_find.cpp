@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "controls/ucCoolList.hpp"
-#include "platform/AsciiText.hpp"
+#include "platform/base/AsciiText.hpp"
 
 namespace mobrel {
 

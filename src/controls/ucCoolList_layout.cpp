@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "controls/ucCoolList.hpp"
-#include "platform/Numbers.hpp"
+#include "platform/base/Numbers.hpp"
 
 namespace mobrel {
 

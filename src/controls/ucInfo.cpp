@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
-#include "platform/Numbers.hpp"
-#include "platform/SystemColors.hpp"
-#include "platform/TextService.hpp"
+#include "platform/base/Numbers.hpp"
+#include "platform/drawing/SystemColors.hpp"
+#include "platform/drawing/TextService.hpp"
 
 namespace mobrel {
 

@@ -7,8 +7,8 @@
 #include <string>
 #include <utility>
 
-#include "platform/Control.hpp"
-#include "platform/Event.hpp"
+#include "platform/base/Event.hpp"
+#include "platform/control/Control.hpp"
 
 namespace mobrel {
 

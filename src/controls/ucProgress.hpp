@@ -6,10 +6,10 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/Control.hpp"
-#include "platform/Event.hpp"
-#include "platform/PropertyBag.hpp"
-#include "platform/SystemColors.hpp"
+#include "platform/base/Event.hpp"
+#include "platform/control/Control.hpp"
+#include "platform/control/PropertyBag.hpp"
+#include "platform/drawing/SystemColors.hpp"
 
 namespace mobrel {
 

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-#include "platform/RuntimeError.hpp"
+#include "platform/base/RuntimeError.hpp"
 
 namespace mobrel {
 

@@ -6,11 +6,11 @@
 #include <memory>
 #include <string>
 
-#include "platform/Control.hpp"
-#include "platform/ControlPicture.hpp"
-#include "platform/Event.hpp"
-#include "platform/PropertyBag.hpp"
-#include "platform/SystemColors.hpp"
+#include "platform/base/Event.hpp"
+#include "platform/control/Control.hpp"
+#include "platform/control/ControlPicture.hpp"
+#include "platform/control/PropertyBag.hpp"
+#include "platform/drawing/SystemColors.hpp"
 
 namespace mobrel {
 

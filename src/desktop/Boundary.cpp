@@ -6,7 +6,7 @@
 #include <string>
 
 #include "desktop/MessageBox.hpp"
-#include "platform/Process.hpp"
+#include "platform/system/Process.hpp"
 
 namespace mobrel {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/RuntimeError.hpp"
+#include "platform/base/RuntimeError.hpp"
 
 namespace mobrel {
 

@@ -5,7 +5,7 @@
 #include <QWidget>
 
 #include "desktop/WidgetHost.hpp"
-#include "platform/Control.hpp"
+#include "platform/control/Control.hpp"
 
 namespace mobrel {
 

@@ -4,7 +4,7 @@
 
 #include <QCursor>
 
-#include "platform/ControlHost.hpp"
+#include "platform/control/ControlHost.hpp"
 
 namespace mobrel {
 

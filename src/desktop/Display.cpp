@@ -8,7 +8,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "platform/Files.hpp"
+#include "platform/system/Files.hpp"
 
 namespace mobrel {
 

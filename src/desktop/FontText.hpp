@@ -4,7 +4,7 @@
 
 #include <QFont>
 
-#include "platform/TextService.hpp"
+#include "platform/drawing/TextService.hpp"
 
 namespace mobrel {
 

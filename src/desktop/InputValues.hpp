@@ -6,7 +6,7 @@
 #include <QMouseEvent>
 #include <QWheelEvent>
 
-#include "platform/ControlInput.hpp"
+#include "platform/control/ControlInput.hpp"
 
 namespace mobrel {
 

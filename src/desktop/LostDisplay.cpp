@@ -4,7 +4,7 @@
 #include <csignal>
 #include <cstdlib>
 
-#include "platform/Process.hpp"
+#include "platform/system/Process.hpp"
 
 namespace mobrel {
 

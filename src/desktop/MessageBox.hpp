@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-#include "platform/Desktop.hpp"
+#include "platform/screen/Desktop.hpp"
 
 namespace mobrel {
 

@@ -10,7 +10,7 @@
 #include "desktop/Boundary.hpp"
 #include "desktop/FontText.hpp"
 #include "desktop/QtValues.hpp"
-#include "platform/ControlInput.hpp"
+#include "platform/control/ControlInput.hpp"
 
 namespace mobrel {
 

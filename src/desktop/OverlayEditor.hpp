@@ -6,7 +6,7 @@
 #include <QPointer>
 #include <QString>
 
-#include "platform/ControlHost.hpp"
+#include "platform/control/ControlHost.hpp"
 
 class QWidget;
 

@@ -2,7 +2,7 @@
 // The system colours of the user's palette.
 #pragma once
 
-#include "platform/SystemColors.hpp"
+#include "platform/drawing/SystemColors.hpp"
 
 namespace mobrel {
 

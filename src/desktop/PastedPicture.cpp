@@ -8,7 +8,7 @@
 #include <cstring>
 #include <utility>
 
-#include "platform/PictureLoader.hpp"
+#include "platform/pictures/PictureLoader.hpp"
 
 namespace mobrel {
 

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "platform/StdPicture.hpp"
+#include "platform/pictures/StdPicture.hpp"
 
 class QMimeData;
 

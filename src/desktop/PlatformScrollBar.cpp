@@ -8,7 +8,7 @@
 
 #include "desktop/Boundary.hpp"
 #include "desktop/QtValues.hpp"
-#include "platform/Numbers.hpp"
+#include "platform/base/Numbers.hpp"
 
 namespace mobrel {
 

@@ -4,7 +4,7 @@
 
 #include <QScrollBar>
 
-#include "platform/ControlHost.hpp"
+#include "platform/control/ControlHost.hpp"
 
 namespace mobrel {
 

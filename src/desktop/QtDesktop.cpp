@@ -7,10 +7,10 @@
 #include <cstdio>
 #include <string>
 
+#include "desktop/DialogRegistry.hpp"
 #include "desktop/LostDisplay.hpp"
 #include "desktop/MessageBox.hpp"
 #include "desktop/PastedPicture.hpp"
-#include "dialogs/Dialogs.hpp"
 
 namespace mobrel {
 
@@ -23,7 +23,7 @@ class QtWindows final : public Windows {
     }
 
     bool showDialog(std::string_view name, int id) override {
-        if (showDialogByName(name, id)) return true;
+        if (dialogRegistry(name, id)) return true;
         std::fprintf(stderr, "mobrel: the dialog %s is not part of this version\n",
                      std::string(name).c_str());
         return false;

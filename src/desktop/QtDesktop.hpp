@@ -2,7 +2,7 @@
 // The desktop with windows.
 #pragma once
 
-#include "platform/Desktop.hpp"
+#include "platform/screen/Desktop.hpp"
 
 namespace mobrel {
 

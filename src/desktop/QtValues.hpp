@@ -8,7 +8,7 @@
 #include <QtMath>
 #include <string_view>
 
-#include "platform/DeviceContext.hpp"
+#include "platform/drawing/DeviceContext.hpp"
 
 namespace mobrel {
 

@@ -7,7 +7,7 @@
 
 #include "desktop/OverlayEditor.hpp"
 #include "desktop/PlatformScrollBar.hpp"
-#include "platform/Control.hpp"
+#include "platform/control/Control.hpp"
 
 namespace mobrel {
 

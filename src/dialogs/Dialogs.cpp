@@ -3,9 +3,9 @@
 
 #include "desktop/Boundary.hpp"
 #include "desktop/LostDisplay.hpp"
-#include "dialogs/fAbout.hpp"
-#include "dialogs/fFilter.hpp"
-#include "platform/RuntimeError.hpp"
+#include "dialogs/about/fAbout.hpp"
+#include "dialogs/filter/fFilter.hpp"
+#include "platform/base/RuntimeError.hpp"
 
 namespace mobrel {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "filters/FilterCall.hpp"
 
-#include "platform/RuntimeError.hpp"
+#include "platform/base/RuntimeError.hpp"
 
 namespace mobrel {
 

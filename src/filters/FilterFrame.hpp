@@ -11,8 +11,8 @@
 #include "filters/kernels/forSteps.hpp"
 #include "filters/kernels/neighbourhood.hpp"
 #include "imaging/cDIB.hpp"
-#include "platform/Event.hpp"
-#include "platform/Numbers.hpp"
+#include "platform/base/Event.hpp"
+#include "platform/base/Numbers.hpp"
 
 namespace mobrel {
 

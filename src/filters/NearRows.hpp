@@ -10,7 +10,7 @@
 #include "filters/FilterFrame.hpp"
 #include "filters/kernels/displace.hpp"
 #include "imaging/cDIB.hpp"
-#include "platform/RuntimeError.hpp"
+#include "platform/base/RuntimeError.hpp"
 
 namespace mobrel {
 

@@ -17,7 +17,7 @@
 #include "filters/kernels/select.hpp"
 #include "filters/kernels/texture.hpp"
 #include "imaging/GreyVectors.hpp"
-#include "platform/Numbers.hpp"
+#include "platform/base/Numbers.hpp"
 
 namespace mobrel {
 

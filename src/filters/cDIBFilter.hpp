@@ -5,8 +5,8 @@
 #include <cstdint>
 
 #include "imaging/cDIB.hpp"
-#include "platform/Event.hpp"
-#include "platform/RandomSource.hpp"
+#include "platform/base/Event.hpp"
+#include "platform/base/RandomSource.hpp"
 
 namespace mobrel {
 

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "platform/Numbers.hpp"
+#include "platform/base/Numbers.hpp"
 
 namespace mobrel::mHSL {
 

@@ -2,7 +2,7 @@
 // Bicubic scaling for sizes and ratios beyond zimg's strong side.
 #pragma once
 
-#include "platform/DeviceContext.hpp"
+#include "platform/drawing/DeviceContext.hpp"
 
 namespace mobrel {
 

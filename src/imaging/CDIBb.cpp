@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/Numbers.hpp"
+#include "platform/base/Numbers.hpp"
 
 namespace mobrel {
 

@@ -8,11 +8,11 @@
 #include <span>
 #include <string_view>
 
-#include "platform/DeviceContext.hpp"
-#include "platform/Event.hpp"
-#include "platform/PixelBuffer.hpp"
-#include "platform/RuntimeError.hpp"
-#include "platform/StdPicture.hpp"
+#include "platform/base/Event.hpp"
+#include "platform/base/RuntimeError.hpp"
+#include "platform/drawing/DeviceContext.hpp"
+#include "platform/drawing/PixelBuffer.hpp"
+#include "platform/pictures/StdPicture.hpp"
 
 namespace mobrel {
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "imaging/CDIBb.hpp"
-#include "platform/Numbers.hpp"
+#include "platform/base/Numbers.hpp"
 
 namespace mobrel {
 

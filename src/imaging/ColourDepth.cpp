@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "imaging/FittedPalette.hpp"
-#include "platform/Numbers.hpp"
+#include "platform/base/Numbers.hpp"
 
 namespace mobrel {
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "imaging/cDIB.hpp"
-#include "platform/StdPicture.hpp"
+#include "platform/pictures/StdPicture.hpp"
 
 namespace mobrel {
 

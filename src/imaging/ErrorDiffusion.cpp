@@ -6,7 +6,7 @@
 
 #include "imaging/NearestColour.hpp"
 #include "imaging/WeightedGrey.hpp"
-#include "platform/Numbers.hpp"
+#include "platform/base/Numbers.hpp"
 
 namespace mobrel {
 

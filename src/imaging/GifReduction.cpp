@@ -11,7 +11,7 @@
 
 #include "imaging/FittedPalette.hpp"
 #include "imaging/NearestEntry.hpp"
-#include "platform/Numbers.hpp"
+#include "platform/base/Numbers.hpp"
 
 namespace mobrel {
 

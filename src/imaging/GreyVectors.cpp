@@ -8,7 +8,7 @@
 #include <hwy/highway.h>
 
 #include "imaging/WeightedGrey.hpp"
-#include "platform/Processor.hpp"
+#include "platform/base/Processor.hpp"
 
 #include "imaging/GreyLanes.hpp"
 

@@ -7,7 +7,7 @@
 #include <span>
 #include <vector>
 
-#include "platform/StdPicture.hpp"
+#include "platform/pictures/StdPicture.hpp"
 
 namespace mobrel {
 

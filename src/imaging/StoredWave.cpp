@@ -9,7 +9,7 @@
 #include <hwy/foreach_target.h>  // IWYU pragma: keep
 #include <hwy/highway.h>
 
-#include "platform/Processor.hpp"
+#include "platform/base/Processor.hpp"
 
 #include "imaging/WaveLanes.hpp"
 

@@ -7,8 +7,8 @@
 
 #include "imaging/cDIBDither.hpp"
 #include "imaging/cDIBPal.hpp"
-#include "platform/Numbers.hpp"
-#include "platform/pixel_vectors.hpp"
+#include "platform/base/Numbers.hpp"
+#include "platform/drawing/pixel_vectors.hpp"
 
 namespace mobrel {
 

@@ -6,12 +6,12 @@
 #include <memory>
 #include <optional>
 
-#include "platform/Desktop.hpp"
-#include "platform/DeviceContext.hpp"
-#include "platform/Event.hpp"
-#include "platform/Numbers.hpp"
-#include "platform/PixelBuffer.hpp"
-#include "platform/StdPicture.hpp"
+#include "platform/base/Event.hpp"
+#include "platform/base/Numbers.hpp"
+#include "platform/drawing/DeviceContext.hpp"
+#include "platform/drawing/PixelBuffer.hpp"
+#include "platform/pictures/StdPicture.hpp"
+#include "platform/screen/Desktop.hpp"
 
 namespace mobrel {
 

@@ -7,7 +7,7 @@
 #include <hwy/foreach_target.h>  // IWYU pragma: keep
 #include <hwy/highway.h>
 
-#include "platform/Processor.hpp"
+#include "platform/base/Processor.hpp"
 
 HWY_BEFORE_NAMESPACE();
 namespace mobrel {

@@ -5,7 +5,7 @@
 #include <array>
 #include <cstdint>
 
-#include "platform/Numbers.hpp"
+#include "platform/base/Numbers.hpp"
 
 namespace mobrel {
 

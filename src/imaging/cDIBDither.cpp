@@ -13,7 +13,7 @@
 #include "imaging/IndexRow.hpp"
 #include "imaging/WaveBand.hpp"
 #include "imaging/WeightedGrey.hpp"
-#include "platform/Numbers.hpp"
+#include "platform/base/Numbers.hpp"
 
 namespace mobrel {
 

@@ -8,7 +8,7 @@
 
 #include "imaging/cDIB.hpp"
 #include "imaging/cDIBPal.hpp"
-#include "platform/Event.hpp"
+#include "platform/base/Event.hpp"
 
 namespace mobrel {
 

@@ -6,7 +6,7 @@
 #include <cstring>
 
 #include "imaging/ColourTree.hpp"
-#include "platform/RuntimeError.hpp"
+#include "platform/base/RuntimeError.hpp"
 
 namespace mobrel {
 

@@ -8,7 +8,7 @@
 
 #include "imaging/NearestColour.hpp"
 #include "imaging/cDIB.hpp"
-#include "platform/StdPicture.hpp"
+#include "platform/pictures/StdPicture.hpp"
 
 namespace mobrel {
 

@@ -6,8 +6,8 @@
 #include <span>
 #include <vector>
 
-#include "platform/RuntimeError.hpp"
-#include "platform/pixel_vectors.hpp"
+#include "platform/base/RuntimeError.hpp"
+#include "platform/drawing/pixel_vectors.hpp"
 
 namespace mobrel {
 

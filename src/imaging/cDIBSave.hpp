@@ -8,7 +8,7 @@
 #include "imaging/cDIB.hpp"
 #include "imaging/cDIBDither.hpp"
 #include "imaging/cDIBPal.hpp"
-#include "platform/Files.hpp"
+#include "platform/system/Files.hpp"
 
 namespace mobrel {
 

@@ -5,8 +5,8 @@
 #include <system_error>
 
 #include "imaging/GifReduction.hpp"
-#include "platform/Codecs.hpp"
-#include "platform/RuntimeError.hpp"
+#include "platform/base/RuntimeError.hpp"
+#include "platform/pictures/Codecs.hpp"
 
 namespace mobrel {
 

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "imaging/cDIB.hpp"
-#include "platform/Files.hpp"
-#include "platform/StdPicture.hpp"
+#include "platform/pictures/StdPicture.hpp"
+#include "platform/system/Files.hpp"
 
 namespace mobrel {
 

@@ -4,9 +4,9 @@
 
 #include "imaging/BicubicPlain.hpp"
 #include "imaging/mGDIpEx.hpp"
-#include "platform/Codecs.hpp"
-#include "platform/DeviceContext.hpp"
-#include "platform/RuntimeError.hpp"
+#include "platform/base/RuntimeError.hpp"
+#include "platform/drawing/DeviceContext.hpp"
+#include "platform/pictures/Codecs.hpp"
 
 namespace mobrel {
 

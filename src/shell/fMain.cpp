@@ -4,8 +4,8 @@
 
 #include <vector>
 
-#include "platform/Files.hpp"
-#include "platform/Process.hpp"
+#include "platform/system/Files.hpp"
+#include "platform/system/Process.hpp"
 
 namespace mobrel {
 

@@ -14,7 +14,7 @@
 #include "imaging/cDIBDither.hpp"
 #include "imaging/cDIBPal.hpp"
 #include "imaging/cDIBSave.hpp"
-#include "platform/Desktop.hpp"
+#include "platform/screen/Desktop.hpp"
 #include "shell/DocumentDialog.hpp"
 #include "shell/mSettings.hpp"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The commands of the main window, by their place in a menu.
 #include "imaging/ColourDepth.hpp"
-#include "platform/RuntimeError.hpp"
+#include "platform/base/RuntimeError.hpp"
 #include "shell/fMain.hpp"
 
 namespace mobrel {

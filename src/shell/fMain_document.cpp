@@ -5,10 +5,10 @@
 #include <utility>
 
 #include "imaging/mGDIpEx.hpp"
-#include "platform/AsciiText.hpp"
-#include "platform/Files.hpp"
-#include "platform/PictureLoader.hpp"
-#include "platform/Process.hpp"
+#include "platform/base/AsciiText.hpp"
+#include "platform/pictures/PictureLoader.hpp"
+#include "platform/system/Files.hpp"
+#include "platform/system/Process.hpp"
 #include "shell/fMain.hpp"
 #include "shell/mMisc.hpp"
 

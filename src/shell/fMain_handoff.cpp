@@ -4,7 +4,7 @@
 #include <array>
 #include <optional>
 
-#include "platform/NumberText.hpp"
+#include "platform/base/NumberText.hpp"
 #include "shell/fMain.hpp"
 #include "shell/mINI.hpp"
 

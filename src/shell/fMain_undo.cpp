@@ -3,9 +3,9 @@
 #include <array>
 #include <cstdio>
 
-#include "platform/Files.hpp"
-#include "platform/PictureLoader.hpp"
-#include "platform/Process.hpp"
+#include "platform/pictures/PictureLoader.hpp"
+#include "platform/system/Files.hpp"
+#include "platform/system/Process.hpp"
 #include "shell/fMain.hpp"
 
 namespace mobrel {

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/ProfileFile.hpp"
+#include "platform/system/ProfileFile.hpp"
 
 namespace mobrel {
 

@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "platform/Files.hpp"
+#include "platform/system/Files.hpp"
 
 namespace mobrel {
 

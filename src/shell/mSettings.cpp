@@ -5,8 +5,8 @@
 #include <limits>
 #include <vector>
 
-#include "platform/NumberText.hpp"
-#include "platform/RuntimeError.hpp"
+#include "platform/base/NumberText.hpp"
+#include "platform/base/RuntimeError.hpp"
 #include "shell/mINI.hpp"
 #include "shell/mMisc.hpp"
 

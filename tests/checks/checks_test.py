@@ -41,10 +41,16 @@ class CheckTest(unittest.TestCase):
     def test_layers(self):
         cases = {
             "upward": ({"imaging/Surface.hpp": '#include "shell/fMain.hpp"'}, "shell is above imaging"),
-            "upward from a new file": ({"platform/X.hpp": '  #  include "imaging/cDIB.hpp"'},
-                                       "above platform"),
-            "core to programs": ({"programs/a/a.hpp": "", "shell/X.cpp": '#include "programs/a/a.hpp"'},
-                                 "programs is above shell"),
+            "upward from a new file": ({"platform/base/X.hpp": '  #  include "imaging/cDIB.hpp"'},
+                                       "above platform/base"),
+            "upward between rooms": ({"platform/system/X.hpp": '#include "platform/pictures/StdPicture.hpp"'},
+                                     "platform/pictures is above platform/system"),
+            "a dialog in the desktop": ({"desktop/X.cpp": '#include "dialogs/filter/fFilter.hpp"'},
+                                        "dialogs/filter is above desktop"),
+            "core to programs": ({"programs/batch/A.hpp": "", "shell/X.cpp": '#include "programs/batch/A.hpp"'},
+                                 "programs/batch is above shell"),
+            "a file outside the rooms": ({"platform/X.hpp": ""}, "platform/X.hpp: stands in no layer"),
+            "a room of no layer": ({"platform/extras/X.hpp": ""}, "stands in no layer"),
             "two files": ({"filters/A.hpp": '#include "filters/B.hpp"',
                            "filters/B.hpp": '#include "filters/A.hpp"'},
                           "filters/A.hpp > filters/B.hpp > filters/A.hpp"),
@@ -61,6 +67,7 @@ class CheckTest(unittest.TestCase):
             "by a macro": ({"imaging/X.cpp": "#include HEADER"}, "names no file"),
             "a folder of no layer": ({"helpers/X.hpp": ""}, "stands in no layer"),
             "a layer not listed": ({"README.md": "| 3 | `extras/` | more |"}, "README.md: lists the layers"),
+            "a layer listed twice": ({"README.md": "| 9 | `imaging/` | again |"}, "README.md: lists the layers"),
         }
         self.copy_sources()
         self.assertEqual(self.check("layers.py", self.src), (0, unittest.mock.ANY))
@@ -83,18 +90,18 @@ class CheckTest(unittest.TestCase):
         self.assertEqual(self.check("layers.py", self.src)[0], 0)
 
     def test_headers(self):
-        self.plant("platform/Whole.hpp", "#include <string>\ninline std::string a() { return {}; }")
+        self.plant("platform/base/Whole.hpp", "#include <string>\ninline std::string a() { return {}; }")
         self.assertEqual(self.check("headers.py", self.src)[0], 0)
-        self.plant("platform/Part.hpp", "inline std::string b() { return {}; }")
+        self.plant("platform/base/Part.hpp", "inline std::string b() { return {}; }")
         status, words = self.check("headers.py", self.src)
         self.assertEqual(status, 1)
         self.assertIn("Part.hpp", words)
 
     def test_format(self):
         shutil.copy(ROOT / ".clang-format", self.root)
-        self.plant("platform/New.hpp", "inline int a() {\n    return 1;\n}")
+        self.plant("platform/base/New.hpp", "inline int a() {\n    return 1;\n}")
         self.assertEqual(self.check("format.py", self.root)[0], 0)
-        self.plant("platform/New.hpp", "inline int  b( ){return 1;}")
+        self.plant("platform/base/New.hpp", "inline int  b( ){return 1;}")
         status, words = self.check("format.py", self.root)
         self.assertEqual(status, 1)
         self.assertIn("New.hpp", words)

@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/RuntimeError.hpp"
+#include "platform/base/RuntimeError.hpp"
 #include "support/FakeHost.hpp"
 #include "support/FakePropertyBag.hpp"
 #include "support/PrintRect.hpp"

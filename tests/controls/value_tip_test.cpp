@@ -8,7 +8,7 @@
 #include <tuple>
 #include <vector>
 
-#include "platform/SystemColors.hpp"
+#include "platform/drawing/SystemColors.hpp"
 #include "support/FakeHost.hpp"
 #include "support/NotedTexts.hpp"
 #include "support/PrintRect.hpp"

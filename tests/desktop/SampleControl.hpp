@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/Control.hpp"
+#include "platform/control/Control.hpp"
 
 namespace mobrel::test {
 

@@ -11,7 +11,7 @@
 #include "desktop/ControlWidget.hpp"
 #include "desktop/QtDesktop.hpp"
 #include "desktop/SampleControl.hpp"
-#include "platform/RuntimeError.hpp"
+#include "platform/base/RuntimeError.hpp"
 
 namespace mobrel {
 namespace {

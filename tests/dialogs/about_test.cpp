@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The about box.
-#include "dialogs/fAbout.hpp"
+#include "dialogs/about/fAbout.hpp"
 
 #include <gtest/gtest.h>
 

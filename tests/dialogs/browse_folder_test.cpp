@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The folder picker.
-#include "dialogs/mBrowseFolder.hpp"
+#include "dialogs/pickers/mBrowseFolder.hpp"
 
 #include <gtest/gtest.h>
 

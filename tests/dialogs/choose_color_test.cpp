@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The colour picker.
-#include "dialogs/mChooseColor.hpp"
+#include "dialogs/pickers/mChooseColor.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The filter dialog over a document, as its user works with it.
-#include "dialogs/fFilter.hpp"
+#include "dialogs/filter/fFilter.hpp"
 
 #include <QCheckBox>
 #include <QComboBox>

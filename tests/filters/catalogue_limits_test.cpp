@@ -14,7 +14,7 @@
 
 #include "filters/FilterCatalogue.hpp"
 #include "filters/cDIBFilter.hpp"
-#include "platform/RuntimeError.hpp"
+#include "platform/base/RuntimeError.hpp"
 #include "support/FilterRun.hpp"
 #include "support/TestPictures.hpp"
 

@@ -12,7 +12,7 @@
 
 #include "filters/FilterCall.hpp"
 #include "filters/FilterCatalogue.hpp"
-#include "platform/RuntimeError.hpp"
+#include "platform/base/RuntimeError.hpp"
 #include "support/EventLog.hpp"
 #include "support/FilterRun.hpp"
 #include "support/RecipeCall.hpp"

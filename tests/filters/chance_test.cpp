@@ -9,7 +9,7 @@
 #include <cstdint>
 
 #include "filters/kernels/chance_vectors.hpp"
-#include "platform/RandomSource.hpp"
+#include "platform/base/RandomSource.hpp"
 
 namespace mobrel::kernels {
 namespace {

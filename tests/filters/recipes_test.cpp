@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/RuntimeError.hpp"
+#include "platform/base/RuntimeError.hpp"
 #include "support/FilterRecipes.hpp"
 #include "support/HslRecipe.hpp"
 #include "support/TestPictures.hpp"

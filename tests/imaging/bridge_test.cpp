@@ -17,7 +17,7 @@
 #include "imaging/NearestEntry.hpp"
 #include "imaging/cDIBDither.hpp"
 #include "imaging/mGDIpEx.hpp"
-#include "platform/PictureLoader.hpp"
+#include "platform/pictures/PictureLoader.hpp"
 #include "support/TemporaryFolder.hpp"
 #include "support/TestPictures.hpp"
 

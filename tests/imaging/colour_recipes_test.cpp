@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/RuntimeError.hpp"
+#include "platform/base/RuntimeError.hpp"
 #include "support/DitherRecipes.hpp"
 #include "support/PaletteRecipes.hpp"
 #include "support/TestPictures.hpp"

@@ -10,7 +10,7 @@
 #include "imaging/ColourDepth.hpp"
 #include "imaging/cDIBDither.hpp"
 #include "imaging/cDIBPal.hpp"
-#include "platform/RandomSource.hpp"
+#include "platform/base/RandomSource.hpp"
 #include "support/DitherRecipes.hpp"
 #include "support/EventLog.hpp"
 #include "support/PaletteRecipes.hpp"

@@ -10,7 +10,7 @@
 #include <numeric>
 
 #include "imaging/cDIBSave.hpp"
-#include "platform/RuntimeError.hpp"
+#include "platform/base/RuntimeError.hpp"
 #include "support/TemporaryFolder.hpp"
 
 namespace mobrel {

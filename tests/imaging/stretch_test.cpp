@@ -11,7 +11,7 @@
 
 #include "imaging/BicubicPlain.hpp"
 #include "imaging/mGDIpEx.hpp"
-#include "platform/codecs/BicubicGraph.hpp"
+#include "platform/drawing/scaling/BicubicGraph.hpp"
 #include "support/MemoryLimit.hpp"
 #include "support/TestPictures.hpp"
 

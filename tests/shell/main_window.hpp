@@ -16,8 +16,8 @@
 #include <vector>
 
 #include "imaging/cDIBSave.hpp"
-#include "platform/Files.hpp"
-#include "platform/ProfileFile.hpp"
+#include "platform/system/Files.hpp"
+#include "platform/system/ProfileFile.hpp"
 #include "shell/fMain.hpp"
 #include "support/TemporaryFolder.hpp"
 

@@ -8,7 +8,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "platform/RuntimeError.hpp"
+#include "platform/base/RuntimeError.hpp"
 #include "support/TemporaryFolder.hpp"
 
 namespace mobrel {

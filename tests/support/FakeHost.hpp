@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/Control.hpp"
+#include "platform/control/Control.hpp"
 #include "support/PictureGrid.hpp"
 
 namespace mobrel::test {

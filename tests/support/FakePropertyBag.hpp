@@ -11,7 +11,7 @@
 #include <variant>
 #include <vector>
 
-#include "platform/PropertyBag.hpp"
+#include "platform/control/PropertyBag.hpp"
 
 namespace mobrel::test {
 

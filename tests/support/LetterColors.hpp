@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/SystemColors.hpp"
+#include "platform/drawing/SystemColors.hpp"
 #include "support/PictureGrid.hpp"
 
 namespace mobrel::test {

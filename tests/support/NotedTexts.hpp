@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/Numbers.hpp"
-#include "platform/TextService.hpp"
+#include "platform/base/Numbers.hpp"
+#include "platform/drawing/TextService.hpp"
 
 namespace mobrel::test {
 

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "platform/Processor.hpp"
+#include "platform/base/Processor.hpp"
 
 namespace mobrel::test {
 

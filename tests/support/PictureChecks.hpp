@@ -7,8 +7,8 @@
 #include <span>
 #include <string>
 
-#include "platform/ByteSource.hpp"
-#include "platform/StdPicture.hpp"
+#include "platform/pictures/StdPicture.hpp"
+#include "platform/system/ByteSource.hpp"
 
 namespace mobrel::test {
 

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/Files.hpp"
-#include "platform/ReadOptions.hpp"
+#include "platform/pictures/ReadOptions.hpp"
+#include "platform/system/Files.hpp"
 #include "support/PictureChecks.hpp"
 #include "support/TemporaryFolder.hpp"
 

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/DeviceContext.hpp"
+#include "platform/drawing/DeviceContext.hpp"
 
 namespace mobrel::test {
 

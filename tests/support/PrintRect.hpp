@@ -4,7 +4,7 @@
 
 #include <ostream>
 
-#include "platform/DeviceContext.hpp"
+#include "platform/drawing/DeviceContext.hpp"
 
 namespace mobrel {
 

@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "platform/RandomSource.hpp"
+#include "platform/base/RandomSource.hpp"
 #include "support/FilterRecipes.hpp"
 
 namespace mobrel::recipes {

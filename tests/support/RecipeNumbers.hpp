@@ -5,7 +5,7 @@
 #include <cmath>
 #include <cstdint>
 
-#include "platform/RuntimeError.hpp"
+#include "platform/base/RuntimeError.hpp"
 #include "support/EventLog.hpp"
 
 namespace mobrel::recipes {

@@ -12,7 +12,7 @@
 #include "imaging/cDIB.hpp"
 #include "imaging/cDIBPal.hpp"
 #include "imaging/cDIBSave.hpp"
-#include "platform/RuntimeError.hpp"
+#include "platform/base/RuntimeError.hpp"
 
 namespace {
 

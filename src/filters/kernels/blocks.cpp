@@ -6,7 +6,7 @@
 #include <cstring>
 
 #include "filters/kernels/block_vectors.hpp"
-#include "platform/Numbers.hpp"
+#include "platform/base/Numbers.hpp"
 
 namespace mobrel::kernels {
 

@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "imaging/WeightedGrey.hpp"
-#include "platform/Numbers.hpp"
+#include "platform/base/Numbers.hpp"
 
 namespace mobrel::kernels {
 

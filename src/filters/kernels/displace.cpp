@@ -8,7 +8,7 @@
 
 #include "filters/kernels/chance_vectors.hpp"
 #include "filters/kernels/forSteps.hpp"
-#include "platform/Numbers.hpp"
+#include "platform/base/Numbers.hpp"
 
 namespace mobrel::kernels {
 

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "platform/RandomSource.hpp"
+#include "platform/base/RandomSource.hpp"
 
 namespace mobrel::kernels {
 

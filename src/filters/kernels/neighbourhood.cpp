@@ -6,7 +6,7 @@
 
 #include "filters/kernels/neighbourhood_bytes.hpp"
 #include "filters/kernels/rounded_vectors.hpp"
-#include "platform/Numbers.hpp"
+#include "platform/base/Numbers.hpp"
 
 namespace mobrel::kernels {
 

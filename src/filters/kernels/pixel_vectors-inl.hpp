@@ -13,7 +13,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "platform/Processor.hpp"
+#include "platform/base/Processor.hpp"
 
 HWY_BEFORE_NAMESPACE();
 namespace mobrel::kernels {

@@ -8,7 +8,7 @@
 #include "filters/kernels/rounded_vectors.hpp"
 #include "imaging/GreyVectors.hpp"
 #include "imaging/WeightedGrey.hpp"
-#include "platform/Numbers.hpp"
+#include "platform/base/Numbers.hpp"
 
 namespace mobrel::kernels {
 

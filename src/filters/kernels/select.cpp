@@ -6,7 +6,7 @@
 
 #include "filters/kernels/rounded_vectors.hpp"
 #include "filters/kernels/select_vectors.hpp"
-#include "platform/Numbers.hpp"
+#include "platform/base/Numbers.hpp"
 
 namespace mobrel::kernels {
 

@@ -8,7 +8,7 @@
 #include <hwy/highway.h>
 
 #include "filters/kernels/pixel_vectors-inl.hpp"
-#include "platform/Processor.hpp"
+#include "platform/base/Processor.hpp"
 
 HWY_BEFORE_NAMESPACE();
 namespace mobrel::kernels {

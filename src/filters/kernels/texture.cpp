@@ -5,7 +5,7 @@
 #include <cstring>
 
 #include "filters/kernels/rounded_vectors.hpp"
-#include "platform/Numbers.hpp"
+#include "platform/base/Numbers.hpp"
 
 namespace mobrel::kernels {
 

@@ -7,7 +7,7 @@
 #include "imaging/cDIB.hpp"
 #include "imaging/cDIBDither.hpp"
 #include "imaging/cDIBPal.hpp"
-#include "platform/PictureLoader.hpp"
+#include "platform/pictures/PictureLoader.hpp"
 
 namespace mobrel::batch {
 

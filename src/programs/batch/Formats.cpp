@@ -9,7 +9,7 @@
 
 #include "imaging/cDIBSave.hpp"
 #include "imaging/mGDIpEx.hpp"
-#include "platform/AsciiText.hpp"
+#include "platform/base/AsciiText.hpp"
 
 namespace mobrel::batch {
 

@@ -6,10 +6,10 @@
 #include <string>
 #include <string_view>
 
-#include "platform/ByteSource.hpp"
-#include "platform/Files.hpp"
-#include "platform/PictureLoader.hpp"
-#include "platform/ReadOptions.hpp"
+#include "platform/pictures/PictureLoader.hpp"
+#include "platform/pictures/ReadOptions.hpp"
+#include "platform/system/ByteSource.hpp"
+#include "platform/system/Files.hpp"
 #include "programs/batch/Document.hpp"
 
 namespace mobrel::batch {

@@ -9,7 +9,7 @@
 #include <string>
 
 #include "imaging/mGDIpEx.hpp"
-#include "platform/Numbers.hpp"
+#include "platform/base/Numbers.hpp"
 #include "programs/batch/Failure.hpp"
 
 namespace mobrel::batch {

@@ -8,7 +8,7 @@
 #include <csignal>
 #include <cstring>
 
-#include "platform/Process.hpp"
+#include "platform/system/Process.hpp"
 
 namespace mobrel::batch {
 

@@ -6,7 +6,7 @@
 #include <variant>
 #include <vector>
 
-#include "platform/ReadOptions.hpp"
+#include "platform/pictures/ReadOptions.hpp"
 #include "programs/batch/StepText.hpp"
 
 namespace mobrel::batch {

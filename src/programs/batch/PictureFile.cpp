@@ -7,7 +7,7 @@
 #include <cerrno>
 #include <system_error>
 
-#include "platform/Files.hpp"
+#include "platform/system/Files.hpp"
 #include "programs/batch/Failure.hpp"
 #include "programs/batch/Formats.hpp"
 

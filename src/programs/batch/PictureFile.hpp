@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "platform/ReadOptions.hpp"
+#include "platform/pictures/ReadOptions.hpp"
 #include "programs/batch/Document.hpp"
 
 namespace mobrel::batch {

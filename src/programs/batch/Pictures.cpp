@@ -9,8 +9,8 @@
 #include <new>
 
 #include "filters/cDIBFilter.hpp"
-#include "platform/Files.hpp"
-#include "platform/RandomSource.hpp"
+#include "platform/base/RandomSource.hpp"
+#include "platform/system/Files.hpp"
 #include "programs/batch/Document.hpp"
 #include "programs/batch/Failure.hpp"
 #include "programs/batch/Formats.hpp"

@@ -6,8 +6,8 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "platform/AsciiText.hpp"
-#include "platform/NumberText.hpp"
+#include "platform/base/AsciiText.hpp"
+#include "platform/base/NumberText.hpp"
 #include "programs/batch/Words.hpp"
 
 namespace mobrel::batch {

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "filters/cDIBFilter.hpp"
-#include "platform/ReadOptions.hpp"
+#include "platform/pictures/ReadOptions.hpp"
 #include "programs/batch/Document.hpp"
 #include "programs/batch/StepArgument.hpp"
 

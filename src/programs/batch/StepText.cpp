@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-#include "platform/AsciiText.hpp"
+#include "platform/base/AsciiText.hpp"
 #include "programs/batch/Failure.hpp"
 #include "programs/batch/Words.hpp"
 

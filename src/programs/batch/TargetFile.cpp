@@ -9,7 +9,7 @@
 #include <string_view>
 #include <system_error>
 
-#include "platform/RuntimeError.hpp"
+#include "platform/base/RuntimeError.hpp"
 #include "programs/batch/Failure.hpp"
 #include "programs/batch/Words.hpp"
 

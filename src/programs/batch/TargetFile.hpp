@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-#include "platform/Files.hpp"
+#include "platform/system/Files.hpp"
 
 namespace mobrel::batch {
 

@@ -6,7 +6,7 @@
 #include <system_error>
 #include <unordered_map>
 
-#include "platform/Files.hpp"
+#include "platform/system/Files.hpp"
 #include "programs/batch/Formats.hpp"
 #include "programs/batch/Words.hpp"
 

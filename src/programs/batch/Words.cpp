@@ -8,7 +8,7 @@
 #include <numeric>
 #include <vector>
 
-#include "platform/AsciiText.hpp"
+#include "platform/base/AsciiText.hpp"
 
 namespace mobrel::batch {
 

@@ -6,9 +6,9 @@
 #include <cstddef>
 #include <cstring>
 
-#include "platform/ClipboardHolder.hpp"
-#include "platform/PixelBuffer.hpp"
-#include "platform/RuntimeError.hpp"
+#include "platform/base/RuntimeError.hpp"
+#include "platform/drawing/PixelBuffer.hpp"
+#include "platform/screen/ClipboardHolder.hpp"
 
 namespace mobrel::clipboard {
 

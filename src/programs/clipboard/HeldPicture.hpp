@@ -2,7 +2,7 @@
 // The picture as the caller hands it over.
 #pragma once
 
-#include "platform/PictureView.hpp"
+#include "platform/pictures/PictureView.hpp"
 #include "programs/clipboard/MappedFile.hpp"
 
 namespace mobrel::clipboard {

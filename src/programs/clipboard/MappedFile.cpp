@@ -6,7 +6,7 @@
 
 #include <cerrno>
 
-#include "platform/Files.hpp"
+#include "platform/system/Files.hpp"
 
 namespace mobrel::clipboard {
 

@@ -10,8 +10,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/Files.hpp"
-#include "platform/codecs/PngWriter.hpp"
+#include "platform/pictures/codecs/PngWriter.hpp"
+#include "platform/system/Files.hpp"
 
 namespace mobrel::clipboard {
 

@@ -6,7 +6,7 @@
 #include <optional>
 #include <span>
 
-#include "platform/PictureView.hpp"
+#include "platform/pictures/PictureView.hpp"
 #include "programs/clipboard/MappedFile.hpp"
 
 namespace mobrel::clipboard {

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/RuntimeError.hpp"
+#include "platform/base/RuntimeError.hpp"
 
 namespace mobrel::clipboard {
 

@@ -10,9 +10,9 @@
 #include <exception>
 #include <utility>
 
-#include "platform/ClipboardHolder.hpp"
-#include "platform/Files.hpp"
-#include "platform/Process.hpp"
+#include "platform/screen/ClipboardHolder.hpp"
+#include "platform/system/Files.hpp"
+#include "platform/system/Process.hpp"
 #include "programs/clipboard/Display.hpp"
 #include "programs/clipboard/HeldPicture.hpp"
 #include "programs/clipboard/PictureForms.hpp"

@@ -7,7 +7,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "platform/Control.hpp"
+#include "platform/control/Control.hpp"
 
 namespace mobrel::gallery {
 

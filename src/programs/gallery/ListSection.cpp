@@ -3,8 +3,8 @@
 
 #include "controls/ucCoolList.hpp"
 #include "desktop/OwningControlWidget.hpp"
-#include "platform/Numbers.hpp"
-#include "platform/RuntimeError.hpp"
+#include "platform/base/Numbers.hpp"
+#include "platform/base/RuntimeError.hpp"
 #include "programs/gallery/Layout.hpp"
 #include "programs/gallery/Pictures.hpp"
 #include "programs/gallery/Sections.hpp"

@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "imaging/cDIB.hpp"
-#include "platform/ControlPicture.hpp"
+#include "platform/control/ControlPicture.hpp"
 
 namespace mobrel::gallery {
 

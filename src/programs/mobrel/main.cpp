@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The picture stage of a host program: no arguments, one task, end.
-#include "platform/DesktopModule.hpp"
-#include "platform/Process.hpp"
-#include "platform/RuntimeError.hpp"
+#include "platform/base/RuntimeError.hpp"
+#include "platform/screen/DesktopModule.hpp"
+#include "platform/system/Process.hpp"
 #include "shell/fMain.hpp"
 
 int main() {

@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+// Files, folders and the environment, with the platform's error numbers.
+#pragma once
+
+#include <sys/types.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/base/RuntimeError.hpp"
+#include "platform/system/ByteSource.hpp"
+
+namespace mobrel {
+
+/// The platform's number for an error of a system call. A name that leads nowhere is PathNotFound;
+/// an entry that is there and may not be used so is PathFileAccess; a name or descriptor that can
+/// name nothing is BadFileName; a file that may not grow is DiskFull; no memory is OutOfMemory;
+/// the rest is DeviceIoError.
+///
+/// Sources: IEEE Std 1003.1 (errors of open, read, write, close) and errno(3).
+ErrorNumber errorNumberOf(int errnoValue) noexcept;
+
+/// An open descriptor, closed at the end of its life.
+class FileDescriptor {
+ public:
+    FileDescriptor() noexcept = default;
+    explicit FileDescriptor(int descriptor) noexcept : m_descriptor(descriptor) {}
+    FileDescriptor(FileDescriptor&& other) noexcept : m_descriptor(other.release()) {}
+    FileDescriptor& operator=(FileDescriptor&& other) noexcept {
+        if (this != &other) reset(other.release());
+        return *this;
+    }
+    ~FileDescriptor() { reset(); }
+
+    bool isOpen() const noexcept { return m_descriptor >= 0; }
+    int get() const noexcept { return m_descriptor; }
+
+    /// Hands the descriptor over, open as it is.
+    int release() noexcept { return std::exchange(m_descriptor, -1); }
+
+    /// Closes what is held and holds `descriptor` instead.
+    void reset(int descriptor = -1) noexcept;
+
+ private:
+    int m_descriptor = -1;
+};
+
+/// A file, or whatever else a descriptor reads from, as a stream of bytes.
+class FileSource final : public ByteSource {
+ public:
+    /// Opens a file. Throws RuntimeError: FileNotFound when there is none of that name, else
+    /// errorNumberOf the reason; a folder is PathFileAccess.
+    explicit FileSource(const std::string& path);
+
+    /// Reads from a descriptor that somebody else opened and closes, such as standard input.
+    static FileSource borrowed(int descriptor) { return FileSource(descriptor); }
+
+    /// See ByteSource. Waits for a pipe that is slow. Throws RuntimeError(DeviceIoError).
+    std::size_t read(std::span<std::uint8_t> into) override;
+
+    /// Known for regular files only.
+    std::optional<std::uint64_t> remaining() const override;
+
+ private:
+    explicit FileSource(int descriptor) noexcept : m_descriptor(descriptor) {}
+
+    FileDescriptor m_owned;
+    int m_descriptor;
+};
+
+/// Writes a file from front to back. Small pieces are gathered, large ones pass straight through.
+/// A writer that dies unclosed writes what it still holds and tells nobody of errors.
+class FileWriter {
+ public:
+    /// Opens a file that shall take the place of an earlier one of that name (mode 0666 under the
+    /// process's mask). Throws RuntimeError, errorNumberOf the reason.
+    static FileWriter replace(const std::string& path);
+
+    /// The same for a file that only its owner may read (mode 0600). Nothing that is already there
+    /// is ever written to, a symbolic link is not followed.
+    static FileWriter replacePrivate(const std::string& path);
+
+    /// Writes to a file that is open for writing.
+    explicit FileWriter(FileDescriptor descriptor);
+
+    FileWriter(FileWriter&&) noexcept = default;
+    FileWriter& operator=(FileWriter&&) = delete;
+    ~FileWriter();
+
+    /// Throws RuntimeError: errorNumberOf the reason, BadFileName after close(). What was pending
+    /// when an error came is lost.
+    void write(std::span<const std::uint8_t> bytes);
+
+    /// Writes what is pending and closes. Throws as write does; the file is closed then, too.
+    /// Closing again does nothing.
+    void close();
+
+ private:
+    void flush();
+
+    FileDescriptor m_descriptor;
+    std::vector<std::uint8_t> m_pending;
+};
+
+/// A new file that shall take the place of another when it is whole: nobody ever sees half of it, and
+/// the other stays as it is when something fails. It lies in the same folder under a hidden name of its
+/// own, and is deleted at the end of its life unless it has taken the place.
+class AsideFile {
+ public:
+    /// Makes the file, empty, with this mode under the process's mask. The target is only named. Throws
+    /// RuntimeError, errorNumberOf the reason, as the other operations do.
+    AsideFile(const std::string& target, mode_t mode);
+    AsideFile(const AsideFile&) = delete;
+    AsideFile& operator=(const AsideFile&) = delete;
+    ~AsideFile();
+
+    void setMode(mode_t mode);
+
+    /// Hands the file over to another owner and group, as far as this process may; what it may not
+    /// stays. To be done before setMode, which it can undo in part.
+    void setOwnerIfPossible(uid_t owner, gid_t group) noexcept;
+
+    /// A writer into the file. Its close() tells of late errors, so it belongs before the operations
+    /// below.
+    FileWriter writer() const;
+
+    /// Waits until the bytes are on the disk.
+    void sync();
+
+    /// Takes the target's place, whether there was a file or not. A symbolic link of that name goes,
+    /// not what it leads to.
+    void replaceTarget();
+
+    /// The same where there is nothing of that name; PathFileAccess where there is.
+    void takeFreePlace();
+
+ private:
+    std::string m_target;
+    std::string m_name;
+    FileDescriptor m_file;
+};
+
+/// True for a file, a folder or anything else of that name; a link counts when its target is there.
+bool fileExists(const std::string& path) noexcept;
+
+/// Deletes a file, if that can be done; otherwise nothing happens.
+void deleteFileIfPossible(const std::string& path) noexcept;
+
+/// Gives a file another name, if that can be done; a file that has that name goes.
+void renameFileIfPossible(const std::string& from, const std::string& to) noexcept;
+
+/// Deletes the files of a folder whose names are `prefix`, exactly `digits` decimal digits and
+/// `suffix`, without regard to the case of ASCII letters. What cannot be deleted stays.
+void deleteMatchingFiles(const std::string& folder, const std::string& prefix, int digits,
+                         const std::string& suffix);
+
+/// Folder and name with exactly one separator between them. The empty folder counts as the root.
+std::string joinPath(std::string_view folder, std::string_view name);
+
+/// The folder of a path, with the separator at its end; "." for a bare name.
+std::string folderOf(const std::string& path);
+
+/// The folder of the program's own files: MOBREL_FOLDER of the environment where that is set and not
+/// empty, else the folder of the executable. Without a separator at its end, except for the root.
+std::string programFolder();
+
+/// A helper of the programs, such as "mobrel-clipboard": beside this executable, or where an installed one
+/// has its helpers. Empty when there is none that can be read.
+std::string helperFile(std::string_view name);
+
+/// A variable of the environment. The name counts as it is written; where there is none of that
+/// spelling, the first that differs only in the case of ASCII letters.
+std::optional<std::string> environmentValue(std::string_view name);
+
+/// Whether a variable of the environment, spelt so, says anything.
+bool isVariableSet(const char* name) noexcept;
+
+}  // namespace mobrel
