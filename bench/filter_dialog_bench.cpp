@@ -60,7 +60,7 @@ void measure(const Size& size) {
     for (std::size_t i = 1; i < kFilterTable.size(); ++i) {
         if (kFilterTable[i].sliders[0].caption.empty()) continue;
         const auto start = Clock::now();
-        fFilter dialog;
+        fFilter dialog(fMain::Global());
         dialog.Initialize(static_cast<int>(i));
         dialog.show();
         QCoreApplication::processEvents();

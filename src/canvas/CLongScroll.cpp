@@ -35,7 +35,7 @@ double fraction(double part, double whole) {
 void CLongScroll::setClient(HostPart* client) {
     auto* const bar = dynamic_cast<ScrollBar*>(client);
     if (client != nullptr && bar == nullptr) throw ScrollClientError();
-    m_connection.reset();
+    m_listener.reset();
     m_client = client;
     m_bar = bar;
     m_copy = {};
@@ -50,10 +50,8 @@ void CLongScroll::connectClient() {
     m_bar->setValue(0);
     readClient();
 
-    m_connection = std::make_shared<const bool>(true);
-    m_bar->Change.connect([this, connection = std::weak_ptr(m_connection)] {
-        if (!connection.expired()) clientChanged();
-    });
+    m_listener.emplace();
+    m_bar->Change.connect(*m_listener, [this] { clientChanged(); });
 }
 
 double CLongScroll::range() const noexcept {

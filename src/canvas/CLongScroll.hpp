@@ -3,7 +3,7 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
+#include <optional>
 
 #include "platform/base/RuntimeError.hpp"
 #include "platform/control/ControlHost.hpp"
@@ -77,8 +77,8 @@ class CLongScroll {
 
     HostPart* m_client = nullptr;
     ScrollBar* m_bar = nullptr;
-    /// Lives as long as the connection, so that a bar left behind is not heard.
-    std::shared_ptr<const bool> m_connection;
+    /// Of the present bar.
+    std::optional<Listener> m_listener;
     std::int32_t m_min = 0;
     std::int32_t m_max = 32767;
     std::int32_t m_smallChange = 1;

@@ -309,8 +309,8 @@ class ucCoolList : public Control {
     int m_wheelRest = 0;
 
     bool m_isEditing = false;
-    /// Lives as long as the connection with the host's editor.
-    std::shared_ptr<const bool> m_editConnection;
+    /// Of the host's editor.
+    std::optional<Listener> m_editListener;
 };
 
 }  // namespace mobrel

@@ -51,15 +51,11 @@ Rect ucCoolList::editPlace() const {
 }
 
 void ucCoolList::connectEditBox() {
-    if (m_editConnection) return;
-    m_editConnection = std::make_shared<const bool>(true);
+    if (m_editListener) return;
+    m_editListener.emplace();
     EditBox& box = host()->editBox();
-    box.KeyDown.connect([this, connection = std::weak_ptr(m_editConnection)](std::int16_t keyCode) {
-        if (!connection.expired()) editKeyPressed(keyCode);
-    });
-    box.LostFocus.connect([this, connection = std::weak_ptr(m_editConnection)] {
-        if (!connection.expired()) closeEdit();
-    });
+    box.KeyDown.connect(*m_editListener, [this](std::int16_t keyCode) { editKeyPressed(keyCode); });
+    box.LostFocus.connect(*m_editListener, [this] { closeEdit(); });
 }
 
 void ucCoolList::editKeyPressed(std::int16_t keyCode) {

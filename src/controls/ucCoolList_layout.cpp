@@ -64,7 +64,7 @@ std::optional<int> ucCoolList::itemUnder(float y) const {
 
 void ucCoolList::hostChanged() {
     m_isEditing = false;
-    m_editConnection.reset();
+    m_editListener.reset();
     m_isMouseDown = false;
     m_scroll.setClient(host() != nullptr ? &host()->verticalScrollBar() : nullptr);
     showCursor();

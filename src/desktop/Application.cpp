@@ -4,7 +4,7 @@
 #include <QImageReader>
 
 #include "desktop/ControlAccessible.hpp"
-#include "desktop/LostDisplay.hpp"
+#include "desktop/RunningEvents.hpp"
 
 namespace mobrel {
 

@@ -4,16 +4,18 @@
 #include <cstdio>
 #include <cstdlib>
 #include <string>
+#include <utility>
 
 #include "desktop/MessageBox.hpp"
 #include "platform/system/Process.hpp"
 
 namespace mobrel {
 
-void endWithError(std::string_view text) {
+namespace {
+
+[[noreturn]] void endRun(std::string_view text) {
     static bool isEnding = false;
-    if (!isEnding) {
-        isEnding = true;
+    if (!std::exchange(isEnding, true)) {
         showMessage(text, MessageIcon::Critical, MessageButtons::Ok);
     } else {
         std::fprintf(stderr, "mobrel: %s\n", std::string(text).c_str());
@@ -21,6 +23,13 @@ void endWithError(std::string_view text) {
     deleteTerminationFiles();
     std::fflush(nullptr);
     std::_Exit(1);  // frames of the toolkit are still on the stack
+}
+
+}  // namespace
+
+void handleError(std::string_view text) {
+    if (errorPolicy() == ErrorPolicy::EndRun) endRun(text);
+    showMessage(text, MessageIcon::Critical, MessageButtons::Ok);
 }
 
 }  // namespace mobrel

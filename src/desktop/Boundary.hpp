@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where the toolkit calls into the core: an error stops here and ends the program.
+// Where the toolkit calls into the core: an error stops here.
 #pragma once
 
 #include <string_view>
@@ -9,14 +9,15 @@
 
 namespace mobrel {
 
-/// Tells the text of an error in a message box, deletes the snapshots and ends the process with status 1,
-/// without going back through the toolkit. An error that comes while the box is open ends it at once.
-[[noreturn]] void endWithError(std::string_view text);
+/// Tells the text of an error in a message box. By errorPolicy() it then ends the run: deletes the snapshots
+/// and ends the process with status 1, without going back through the toolkit; an error that comes while the
+/// box is open ends it at once.
+void handleError(std::string_view text);
 
-/// Runs an event handler of the toolkit. An error that reaches it is fatal; none goes on into the toolkit.
+/// Runs an event handler of the toolkit. No error goes on into the toolkit.
 template <typename Entry>
 void enterCore(Entry&& entry) {
-    if (const auto text = fatalErrorOf(std::forward<Entry>(entry))) endWithError(*text);
+    if (const auto text = fatalErrorOf(std::forward<Entry>(entry))) handleError(*text);
 }
 
 }  // namespace mobrel

@@ -4,8 +4,8 @@
 #include <QApplication>
 #include <QMessageBox>
 
-#include "desktop/LostDisplay.hpp"
 #include "desktop/QtValues.hpp"
+#include "desktop/RunningEvents.hpp"
 
 namespace mobrel {
 

@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/QtDesktop.hpp"
 
+#include <QApplication>
 #include <QClipboard>
 #include <QCursor>
 #include <QGuiApplication>
 #include <cstdio>
 #include <string>
 
+#include "desktop/Boundary.hpp"
 #include "desktop/DialogRegistry.hpp"
-#include "desktop/LostDisplay.hpp"
 #include "desktop/MessageBox.hpp"
 #include "desktop/PastedPicture.hpp"
+#include "desktop/RunningEvents.hpp"
 
 namespace mobrel {
 
@@ -22,11 +24,31 @@ class QtWindows final : public Windows {
         return showMessage(text, icon, buttons);
     }
 
-    bool showDialog(std::string_view name, int id) override {
-        if (dialogRegistry(name, id)) return true;
-        std::fprintf(stderr, "mobrel: the dialog %s is not part of this version\n",
-                     std::string(name).c_str());
-        return false;
+    bool showFilter(fMain& main, std::optional<int> id) override {
+        return show("a filter dialog", dialogRegistry().filter, main, id);
+    }
+    bool showTexturize(fMain& main) override {
+        return show("a texture dialog", dialogRegistry().texturize, main);
+    }
+    bool showResize(fMain& main) override {
+        return show("a dialog to resize", dialogRegistry().resize, main);
+    }
+    bool showOrientation(fMain& main) override {
+        return show("a dialog to turn the picture", dialogRegistry().orientation, main);
+    }
+    bool showPrint(fMain& main) override { return show("a dialog to print", dialogRegistry().print, main); }
+    bool showProperties(fMain& main) override {
+        return show("a dialog of properties", dialogRegistry().properties, main);
+    }
+    bool showAbout(fMain& main) override { return show("an about box", dialogRegistry().about, main); }
+    std::optional<FileAnswer> askForFile(fMain& main, const FileQuestion& question) override {
+        std::optional<FileAnswer> answer;
+        if (!dialogRegistry().file) {
+            tellMissing("\"" + question.title + "\"");
+        } else {
+            enterCore([&] { answer = dialogRegistry().file(main, QApplication::activeWindow(), question); });
+        }
+        return answer;
     }
 
     void setHourglass(bool on) override {
@@ -40,6 +62,21 @@ class QtWindows final : public Windows {
     }
 
  private:
+    /// An error in a dialog stops here, as it does in any handler of a window.
+    template <typename Dialog, typename... Request>
+    static bool show(const char* name, Dialog* dialog, fMain& main, Request... request) {
+        if (dialog == nullptr) {
+            tellMissing(name);
+            return false;
+        }
+        enterCore([&] { dialog(main, QApplication::activeWindow(), request...); });
+        return true;
+    }
+
+    static void tellMissing(const std::string& name) {
+        std::fprintf(stderr, "mobrel: this version does not have %s\n", name.c_str());
+    }
+
     bool m_isHourglass = false;
 };
 

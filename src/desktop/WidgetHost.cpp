@@ -12,8 +12,8 @@
 
 #include "desktop/ControlAccessible.hpp"
 #include "desktop/Cursors.hpp"
-#include "desktop/LostDisplay.hpp"
 #include "desktop/QtValues.hpp"
+#include "desktop/RunningEvents.hpp"
 
 namespace mobrel {
 

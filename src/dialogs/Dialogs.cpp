@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/Dialogs.hpp"
 
-#include "desktop/Boundary.hpp"
-#include "desktop/LostDisplay.hpp"
+#include "desktop/DialogRegistry.hpp"
+#include "desktop/RunningEvents.hpp"
 #include "dialogs/about/fAbout.hpp"
 #include "dialogs/filter/fFilter.hpp"
 #include "platform/base/RuntimeError.hpp"
@@ -16,28 +16,22 @@ void runModal(QDialog& dialog) {
     dialog.exec();
 }
 
-void showFilter(int id) {
-    fFilter dialog;
-    skipErrors([&] { dialog.Initialize(id); });  // it comes up all the same
+void showFilter(fMain& main, QWidget* parent, std::optional<int> id) {
+    fFilter dialog(main, parent);
+    if (id) skipErrors([&] { dialog.Initialize(*id); });  // it comes up all the same
     runModal(dialog);
 }
 
-void showAbout() {
-    fAbout dialog;
+void showAbout(fMain& /*main*/, QWidget* parent) {
+    fAbout dialog(parent);
     runModal(dialog);
 }
 
 }  // namespace
 
-bool showDialogByName(std::string_view name, int id) {
-    if (name == "fFilter") {
-        enterCore([id] { showFilter(id); });
-    } else if (name == "fAbout") {
-        enterCore(showAbout);
-    } else {
-        return false;
-    }
-    return true;
+void enterDialogs() {
+    dialogRegistry().filter = showFilter;
+    dialogRegistry().about = showAbout;
 }
 
 }  // namespace mobrel

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "desktop/Application.hpp"
-#include "desktop/DialogRegistry.hpp"
 #include "desktop/Display.hpp"
 #include "desktop/QtDesktop.hpp"
 #include "dialogs/Dialogs.hpp"
@@ -35,7 +34,7 @@ extern "C" __attribute__((visibility("default"))) const mobrel::Desktop* mobrelO
     using namespace mobrel;
     std::string platforms = usablePlatforms();
     if (platforms.empty() || !openApplication(std::move(platforms))) return nullptr;
-    dialogRegistry = showDialogByName;
+    enterDialogs();
     static const Desktop desktop = qtDesktop();
     return &desktop;
 }

@@ -2,8 +2,10 @@
 // The main window's life: start-up, end, and the events of its objects.
 #include "shell/fMain.hpp"
 
+#include <utility>
 #include <vector>
 
+#include "platform/base/ScopedValue.hpp"
 #include "platform/system/Files.hpp"
 #include "platform/system/Process.hpp"
 
@@ -63,25 +65,50 @@ fMain::fMain(Desktop desktop) : m_desktop(desktop) {
 
 /// kept: Open runs before the handle, the folder and the dither object exist. The first snapshot
 /// therefore goes to /b0000.dat, and a palette picture ends the program with error 91.
-void fMain::Load() {
-    m_loaded = true;
-    mnuFiles(0);
-    sbPressure.setValue(50);
-    sbSize.setValue(25);
-    makeFilter();
-    makeDither();
-    m_undoHandle = uniqueProcessHandle();
-    m_tempPath = temporaryFolder();
-    watchUndoFiles();
-    Info.setTextZoom("100%");
-    pvHostStart();
-    m_desktop.windows->setHourglass(false);
+void fMain::Load(Start start) {
+    runCommand([&] {
+        m_loaded = true;
+        if (start == Start::Host) mnuFiles(0);
+        sbPressure.setValue(50);
+        sbSize.setValue(25);
+        makeFilter();
+        makeDither();
+        m_undoHandle = uniqueProcessHandle();
+        m_tempPath = temporaryFolder();
+        watchUndoFiles();
+        Info.setTextZoom("100%");
+        if (start == Start::Host) pvHostStart();
+        setHourglass(false);
+    });
 }
 
 void fMain::Unload() {
+    if (m_isInPendingEvents) {
+        m_isUnloadWaiting = true;
+    } else {
+        unloadNow();
+    }
+}
+
+/// A command that lets pending events run. An error in it forgets an Unload that waits.
+void fMain::runCommand(const std::function<void()>& command) {
+    if (m_runningCommands == 0) m_isUnloadWaiting = false;
+    {
+        const ScopedValue running(m_runningCommands, m_runningCommands + 1);
+        command();
+    }
+    if (m_runningCommands == 0 && std::exchange(m_isUnloadWaiting, false)) unloadNow();
+}
+
+void fMain::runPendingEvents() {
+    const ScopedValue running(m_isInPendingEvents, true);
+    m_desktop.pendingEvents->run();
+}
+
+void fMain::unloadNow() {
     if (!m_loaded) return;
     m_loaded = false;
-    m_desktop.windows->setHourglass(true);
+    setHourglass(true);
     mnuEdits(3);
     writeResult();
     SaveMainSettings({.place = kDesignedPlace,
@@ -91,11 +118,12 @@ void fMain::Unload() {
                       .DialogFitMode = DialogFitMode,
                       .DialogJPEGquality = DialogJPEGquality});
     pvClearUndoFiles();
+    Views.tell(&DocumentView::unloading);
     DIBFilter.reset();
     DIBDither.reset();
     DIBPal.Clear();
     if (!mainWindows().empty() && mainWindows().back().get() == this) g_referenced = false;
-    m_desktop.windows->setHourglass(false);
+    setHourglass(false);
 }
 
 void fMain::connectCanvas() {
@@ -122,20 +150,30 @@ void fMain::makeDither() {
     DIBDither->Progress.connect([this](std::int32_t line) { Progress.setValue(line); });
     DIBDither->ProgressEnd.connect([this] {
         Progress.setValue(0);
+        Views.tell(&DocumentView::pictureChanged);
         pvSaveUndoDIB();
     });
 }
 
 void fMain::DIBFilter_ProgressEnd() {
     Progress.setValue(0);
-    if (m_dialog == nullptr || !m_dialog->Previewing()) pvSaveUndoDIB();
+    Views.tell(&DocumentView::pictureChanged);
+    if (Views.isPreviewing()) return;
+    if (Rules.filterMakesTrueColour) makeTrueColour();
+    pvSaveUndoDIB();
 }
 
 /// The canvas's own pixel work makes true colour of any document.
 void fMain::endCanvasWork() {
-    BPP = 24;
-    refreshInfo();
+    Views.tell(&DocumentView::pictureChanged);
+    makeTrueColour();
     pvSaveUndoDIB();
+}
+
+void fMain::makeTrueColour() {
+    BPP = 24;
+    Views.tell(&DocumentView::depthChanged);
+    refreshInfo();
 }
 
 }  // namespace mobrel

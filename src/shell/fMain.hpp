@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -15,7 +16,8 @@
 #include "imaging/cDIBPal.hpp"
 #include "imaging/cDIBSave.hpp"
 #include "platform/screen/Desktop.hpp"
-#include "shell/DocumentDialog.hpp"
+#include "shell/DocumentView.hpp"
+#include "shell/RunRules.hpp"
 #include "shell/mSettings.hpp"
 
 namespace mobrel {
@@ -36,15 +38,20 @@ class fMain {
     fMain(const fMain&) = delete;
     fMain& operator=(const fMain&) = delete;
 
-    /// Start-up: opens temp.bmp, makes the objects, runs the task that config.ini asks for.
-    void Load();
+    /// Start-up: opens temp.bmp, makes the objects, runs the task that config.ini asks for. An editor's
+    /// leaves the first and the last out.
+    void Load(Start start = Start::Host);
     /// The end: copies the picture to the clipboard, writes it to the file that MOBREL_RESULT names, writes
-    /// the settings, clears the undo store, releases the objects. Nothing for a window
-    /// that is not loaded.
+    /// the settings, clears the undo store, unloads the views, releases the objects. Nothing for a window
+    /// that is not loaded. One that comes in through pending events waits for the end of the command that let
+    /// them run.
     void Unload();
 
     /// What the program ends with: 0, or 1 when the host's task could not be done at all.
     int exitStatus() const noexcept { return m_exitStatus; }
+
+    RunRules Rules;
+    DocumentViews Views;
 
     ucCanvas Canvas;
     ucInfo Info;
@@ -90,7 +97,7 @@ class fMain {
     /// be read leaves picture and counters as they are, and says nothing.
     void Undo();
     void Redo();
-    /// Tells an open dialog what can be undone and redone.
+    /// Tells the views what can be undone and redone.
     void CheckUndoRedoState();
 
     /// What a filter's events do. A dialog that filters the document calls them, and calls the end once more
@@ -98,8 +105,8 @@ class fMain {
     void DIBFilter_Progress(std::int32_t Line) { Progress.setValue(Line); }
     void DIBFilter_ProgressEnd();
 
-    /// The dialog that is open over the document; null for none.
-    void setDialog(DocumentDialog* dialog) noexcept { m_dialog = dialog; }
+    /// The mouse pointer of the screen.
+    void setHourglass(bool on) { m_desktop.windows->setHourglass(on); }
 
     std::int32_t UndoPos() const noexcept { return m_undoPos; }
     std::int32_t UndoTop() const noexcept { return m_undoTop; }
@@ -110,9 +117,15 @@ class fMain {
     void makeDither();
     cDIBFilter& filter() const;
     void endCanvasWork();
+    void makeTrueColour();
+
+    void runCommand(const std::function<void()>& command);
+    void runPendingEvents();
+    void unloadNow();
 
     void pvOpen();
     void pvSave();
+    void pvSaveAs();
     void pvPaste();
     bool isPasteAllowed();
     std::unique_ptr<StdPicture> pvLoadPictureFile(const std::string& path);
@@ -121,6 +134,7 @@ class fMain {
     void refreshInfo();
 
     void writeResult();
+    void writeAside(const std::string& path);
 
     std::string undoFile(std::int32_t number) const;
     void watchUndoFiles() const;
@@ -133,8 +147,10 @@ class fMain {
     void refuseHostTask();
 
     Desktop m_desktop;
-    DocumentDialog* m_dialog = nullptr;
     bool m_loaded = false;
+    int m_runningCommands = 0;
+    bool m_isInPendingEvents = false;
+    bool m_isUnloadWaiting = false;
     int m_exitStatus = 0;
     std::int32_t m_undoHandle = 0;
     std::int32_t m_undoPos = 0;

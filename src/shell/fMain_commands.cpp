@@ -7,47 +7,51 @@
 namespace mobrel {
 
 void fMain::mnuFiles(int Index) {
-    switch (Index) {
-        case 0:
-            pvOpen();
-            break;
-        case 1:
-            pvSave();
-            break;
-        case 2:
-            m_desktop.windows->showDialog("fDialogEx", 0);
-            break;
-        case 6:
-            Unload();
-            break;
-        default:
-            break;
-    }
+    runCommand([&] {
+        switch (Index) {
+            case 0:
+                pvOpen();
+                break;
+            case 1:
+                pvSave();
+                break;
+            case 2:
+                pvSaveAs();
+                break;
+            case 6:
+                Unload();
+                break;
+            default:
+                break;
+        }
+    });
 }
 
 void fMain::mnuEdits(int Index) {
-    switch (Index) {
-        case 0:
-            Undo();
-            break;
-        case 1:
-            Redo();
-            break;
-        case 3:
-            Canvas.DIB.CopyToClipboard(*m_desktop.clipboard);
-            break;
-        case 4:
-            pvPaste();
-            break;
-        default:
-            break;
-    }
+    runCommand([&] {
+        switch (Index) {
+            case 0:
+                Undo();
+                break;
+            case 1:
+                Redo();
+                break;
+            case 3:
+                Canvas.DIB.CopyToClipboard(*m_desktop.clipboard);
+                break;
+            case 4:
+                pvPaste();
+                break;
+            default:
+                break;
+        }
+    });
 }
 
 void fMain::mnuColorsz(int Index) {
     if (!DIBDither) throw RuntimeError(ErrorNumber::ObjectNotSet);  // no command comes before Load
-    changeDepth(Index, {Canvas.DIB, DIBPal, *DIBDither, BPP},
-                [this](bool on) { m_desktop.windows->setHourglass(on); });
+    changeDepth(Index, {Canvas.DIB, DIBPal, *DIBDither, BPP}, [this](bool on) { setHourglass(on); });
+    Views.tell(&DocumentView::depthChanged);
     refreshInfo();
     Canvas.Repaint();
 }

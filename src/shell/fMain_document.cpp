@@ -17,6 +17,8 @@ namespace mobrel {
 namespace {
 
 constexpr const char* kUnnamed = "[Unnamed]";
+constexpr const char* kSaveTypes =
+    "Bitmap (*.bmp)|*.bmp|GIF (*.gif)|*.gif|JPEG (*.jpg)|*.jpg|PNG (*.png)|*.png";
 
 /// The path with its last three characters replaced by "bmp". Error 5 for a shorter one.
 std::string pvBmpName(const std::string& path) {
@@ -34,12 +36,12 @@ std::string_view pvFileType(std::string_view path) {
 void fMain::pvOpen() {
     const std::string file = joinPath(AppFolder(), "temp.bmp");
     LastPath = file;
-    m_desktop.pendingEvents->run();
-    m_desktop.windows->setHourglass(true);
+    runPendingEvents();
+    setHourglass(true);
     auto picture = pvLoadPictureFile(file);
     const bool loaded = picture != nullptr;
     pvSetPicture(std::move(picture));
-    m_desktop.windows->setHourglass(false);
+    setHourglass(false);
     if (!loaded) return;
     pvClearUndoFiles();
     pvSaveUndoDIB();
@@ -53,32 +55,41 @@ void fMain::pvSave() {
         mnuFiles(2);
         return;
     }
-    m_desktop.pendingEvents->run();
-    {
+    runPendingEvents();
+    if (Rules.saveDeletesFirst) {
         // Between the delete of the old file and the end of the new one lies the host's only copy.
         const HoldTermination hold;
         DIBSave.Save_BMP(file, Canvas.DIB, DIBPal, DIBDither.get(), BPP);
+    } else {
+        writeAside(file);
     }
     Saved = true;
     LastFilename = file;
     pvRefreshFileCaption();
 }
 
+/// No desktop has the dialog yet, and each tells so: there is no answer to save by.
+void fMain::pvSaveAs() {
+    m_desktop.windows->askForFile(*this,
+                                  {.title = "Save as", .fileName = LastFilename, .filter = kSaveTypes});
+}
+
 /// For a host that wants the picture in a file of its own: whole or not at all.
 void fMain::writeResult() {
     const auto path = environmentValue("MOBREL_RESULT");
     if (!path || path->empty() || Canvas.DIB.hDIB() == nullptr) return;
-    const bool isWritten = skipErrors([&] {
-        AsideFile aside(*path, 0666);
-        FileWriter writer = aside.writer();
-        DIBSave.Write_BMP(writer, Canvas.DIB, DIBPal, DIBDither.get(), BPP);
-        writer.close();
-        aside.replaceTarget();
-    });
-    if (!isWritten) {
+    if (!skipErrors([&] { writeAside(*path); })) {
         m_desktop.windows->message("The picture could not be written to " + *path, MessageIcon::Exclamation,
                                    MessageButtons::Ok);
     }
+}
+
+void fMain::writeAside(const std::string& path) {
+    AsideFile aside(path, 0666);
+    FileWriter writer = aside.writer();
+    DIBSave.Write_BMP(writer, Canvas.DIB, DIBPal, DIBDither.get(), BPP);
+    writer.close();
+    aside.replaceTarget();
 }
 
 /// Null, after a message, when no picture came back.
@@ -123,12 +134,14 @@ void fMain::pvSetPicture(std::unique_ptr<StdPicture> picture) {
     DIBPal.Clear();
     BPP = static_cast<std::uint8_t>(
         Canvas.DIB.CreateFromStdPicture(std::move(picture), DIBPal, DIBDither.get()));
+    Views.tell(&DocumentView::depthChanged);
     Canvas.RemoveCropRectangle();
     if (std::pair(Canvas.DIB.Width(), Canvas.DIB.Height()) == sizeBefore) {
         Canvas.Repaint();
     } else {
         Canvas.Resize();
     }
+    Views.tell(&DocumentView::pictureChanged);
     Progress.setMax(Canvas.DIB.Height());
     refreshInfo();
     Info.setTextZoom(std::to_string(Canvas.Zoom()) + "00%");
@@ -136,11 +149,13 @@ void fMain::pvSetPicture(std::unique_ptr<StdPicture> picture) {
 
 void fMain::pvRefreshFileCaption() {
     Info.setTextFile(LastFilename);
+    Views.tell(&DocumentView::captionChanged);
 }
 
 void fMain::refreshInfo() {
     Info.setTextInfo(std::to_string(Canvas.DIB.Width()) + "x" + std::to_string(Canvas.DIB.Height()) + "x" +
                      std::to_string(BPP) + "bpp");
+    Views.tell(&DocumentView::captionChanged);
 }
 
 }  // namespace mobrel

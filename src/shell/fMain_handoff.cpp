@@ -68,10 +68,10 @@ std::optional<HostTask> taskOf(const std::string& filter) {
 void fMain::pvHostStart() {
     const auto task = taskOf(ConfigRead(kHandoffSection, "Filter"));
     if (!task) return pvTail();
-    if (task->pointer == Pointer::Hourglass) m_desktop.windows->setHourglass(true);
+    if (task->pointer == Pointer::Hourglass) setHourglass(true);
     switch (task->kind) {
         case TaskKind::FilterDialog:
-            if (!m_desktop.windows->showDialog("fFilter", task->argument)) refuseHostTask();
+            if (!m_desktop.windows->showFilter(*this, task->argument)) refuseHostTask();
             return;
         case TaskKind::Depth:
             skipErrors([&] { mnuColorsz(task->argument); });
@@ -90,7 +90,7 @@ void fMain::pvTail() {
     skipErrors([&] { mnuFiles(1); });
     writeWinState();
     skipErrors([&] { Unload(); });
-    m_desktop.windows->setHourglass(false);
+    setHourglass(false);
 }
 
 /// The end of a run whose task cannot be done: temp.bmp and WinState stay as they are.

@@ -71,7 +71,7 @@ void fMain::loadUndoFile(std::int32_t number) {
 }
 
 void fMain::CheckUndoRedoState() {
-    if (m_dialog != nullptr) m_dialog->enableUndoRedo(m_undoPos > 1, m_undoPos < m_undoTop);
+    Views.tell(&DocumentView::historyChanged, m_undoPos > 1, m_undoPos < m_undoTop);
 }
 
 void fMain::pvShiftUndoFiles() {

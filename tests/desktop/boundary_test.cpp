@@ -115,6 +115,21 @@ TEST_F(BoundaryDeathTest, AnErrorInAScrollBarsHandlerToo) {
         testing::ExitedWithCode(1), errorText(ErrorNumber::InvalidPropertyValue));
 }
 
+TEST(Boundary, AnErrorThatIsOnlyToldLetsTheProgramGoOn) {
+    setErrorPolicy(ErrorPolicy::Tell);
+    QString text;
+    whenBoxOpens([&](QMessageBox& box) {
+        text = box.text();
+        box.button(QMessageBox::Ok)->click();
+    });
+    test::SampleControl control;
+    ControlWidget widget(control);
+    control.next = [] { throw RuntimeError{ErrorNumber::InvalidPropertyValue}; };
+    QTest::mousePress(&widget, Qt::LeftButton);
+    setErrorPolicy(ErrorPolicy::EndRun);
+    EXPECT_EQ(text, errorText(ErrorNumber::InvalidPropertyValue));
+}
+
 TEST(Boundary, CodeThatSetsTheBarGetsItsOwnErrors) {
     test::SampleControl control;
     const ControlWidget widget(control);

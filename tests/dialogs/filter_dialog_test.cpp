@@ -23,7 +23,7 @@ class FilterDialog : public test::FMain {
         fMain::setGlobalDesktop({&windows, &clipboard, &events});
         askFor("5");
         windows.insideDialog = [&] {
-            fFilter dialog;
+            fFilter dialog(fMain::Global());
             dialog.Initialize(filter);
             dialog.show();
             QCoreApplication::processEvents();
@@ -190,6 +190,31 @@ TEST_F(FilterDialog, ClosingTakesBackWhatIsNotApplied) {
     EXPECT_EQ(clipboard.copies, 2);
 }
 
+TEST_F(FilterDialog, WhereItIsNotTheEndOfARunTheDocumentStays) {
+    for (const char* end : {"cmdApply", "cmdClose"}) {
+        withDialog(13, [&](fFilter& dialog) {
+            fMain& owner = fMain::Global();
+            owner.Rules.dialogEndsRun = false;
+            const auto original = documentBytes();
+            click(dialog, "cmdPreview");
+            click(dialog, end);
+            EXPECT_FALSE(dialog.isVisible());
+            EXPECT_EQ(&fMain::Global(), &owner);
+            EXPECT_NE(owner.DIBFilter, nullptr);
+            EXPECT_EQ(documentBytes() == original, std::string(end) == "cmdClose");
+            owner.Unload();
+        });
+    }
+}
+
+TEST_F(FilterDialog, GoesWithTheMainWindow) {
+    withDialog(13, [&](fFilter& dialog) {
+        fMain::Global().Unload();
+        EXPECT_FALSE(dialog.isVisible());
+    });
+    EXPECT_EQ(clipboard.copies, 1);
+}
+
 TEST_F(FilterDialog, ResetGoesBackToTheDefaultsAfterAPreview) {
     withDialog(5, [&](fFilter& dialog) {
         child<QCheckBox>(dialog, "chkResetValues").setChecked(true);
@@ -329,7 +354,8 @@ TEST_F(FilterDialog, AnOptionThatIsNoStateOfACheckBoxIsAnError) {
     fMain::setGlobalDesktop({&windows, &clipboard, &events});
     askFor("5");
     windows.insideDialog = [&] {
-        EXPECT_EQ(fatalErrorOf([] { const fFilter dialog; }), errorText(ErrorNumber::InvalidPropertyValue));
+        EXPECT_EQ(fatalErrorOf([] { const fFilter dialog(fMain::Global()); }),
+                  errorText(ErrorNumber::InvalidPropertyValue));
     };
     fMain::Global().Load();
     fMain::Global().Unload();

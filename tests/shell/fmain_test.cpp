@@ -91,7 +91,7 @@ TEST_F(FMain, EveryDialogNumberOpensItsFilter) {
         fMain window({&own, &clipboard, &events});
         window.Load();
         ASSERT_EQ(own.dialogs.size(), 1U) << number;
-        EXPECT_EQ(own.dialogs[0], std::pair(std::string("fFilter"), id)) << number;
+        EXPECT_EQ(own.filters, std::vector{std::optional(id)}) << number;
         EXPECT_EQ(own.hourglassAtDialog, !quiet.contains(number)) << number;
         EXPECT_EQ(winState(), "none");
         window.Unload();
@@ -183,13 +183,13 @@ TEST_F(FMain, SaveChoosesTheBmpNameOrAsks) {
             windows.insideDialog = nullptr;
             main.LastFilename = name;
             main.mnuFiles(1);
-            return windows.dialogs.empty() ? main.LastFilename : windows.dialogs[0].first;
+            return windows.dialogs.empty() ? main.LastFilename : windows.dialogs[0];
         };
         EXPECT_EQ(save(fileInFolder("a.jpg")), fileInFolder("a.bmp"));
         EXPECT_TRUE(fileExists(fileInFolder("a.bmp")));
-        EXPECT_EQ(save(fileInFolder("a.jpg")), "fDialogEx");  // a.bmp is somebody's
+        EXPECT_EQ(save(fileInFolder("a.jpg")), "Save as " + fileInFolder("a.jpg"));  // a.bmp is somebody's
         EXPECT_EQ(save(fileInFolder("b.BMP")), fileInFolder("b.bmp"));
-        EXPECT_EQ(save("[Unnamed]"), "fDialogEx");
+        EXPECT_EQ(save("[Unnamed]"), "Save as [Unnamed]");
         for (const char* tooShort : {"", "ab"}) {
             EXPECT_EQ(fatalErrorOf([&] { save(tooShort); }), errorText(ErrorNumber::InvalidCall));
         }

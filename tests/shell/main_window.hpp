@@ -32,20 +32,37 @@ class TestWindows final : public Windows {
         messages.emplace_back(text);
         return answer;
     }
-    bool showDialog(std::string_view name, int id) override {
-        hourglassAtDialog = hourglass;
-        dialogs.emplace_back(name, id);
-        if (insideDialog) insideDialog();
-        return true;
+    bool showFilter(fMain&, std::optional<int> id) override {
+        filters.push_back(id);
+        return open("filter");
+    }
+    bool showTexturize(fMain&) override { return open("texturize"); }
+    bool showResize(fMain&) override { return open("resize"); }
+    bool showOrientation(fMain&) override { return open("orientation"); }
+    bool showPrint(fMain&) override { return open("print"); }
+    bool showProperties(fMain&) override { return open("properties"); }
+    bool showAbout(fMain&) override { return open("about"); }
+    std::optional<FileAnswer> askForFile(fMain&, const FileQuestion& question) override {
+        open(question.title + " " + question.fileName);
+        return std::nullopt;
     }
     void setHourglass(bool on) override { hourglass = on; }
 
     std::vector<std::string> messages;
     MessageAnswer answer = MessageAnswer::Ok;
-    std::vector<std::pair<std::string, int>> dialogs;
+    std::vector<std::string> dialogs;
+    std::vector<std::optional<int>> filters;
     std::function<void()> insideDialog;
     bool hourglass = false;
     bool hourglassAtDialog = false;
+
+ private:
+    bool open(const std::string& name) {
+        hourglassAtDialog = hourglass;
+        dialogs.push_back(name);
+        if (insideDialog) insideDialog();
+        return true;
+    }
 };
 
 /// Notes what is copied to it.
@@ -65,8 +82,12 @@ class TestClipboard final : public Clipboard {
 
 class TestEvents final : public PendingEvents {
  public:
-    void run() override { ++runs; }
+    void run() override {
+        ++runs;
+        if (act) act();
+    }
     int runs = 0;
+    std::function<void()> act;
 };
 
 /// The first snapshot of a run lies in the root folder; the test takes it away again.

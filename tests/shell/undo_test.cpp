@@ -12,14 +12,12 @@ namespace fs = std::filesystem;
 using test::contentsOf;
 using test::FMain;
 
-/// Notes what an open dialog is told.
-class TestDialog final : public DocumentDialog {
+/// Notes which commands of the history are offered.
+class HistoryButtons final : public DocumentView {
  public:
-    bool Previewing() const override { return previewing; }
-    void enableUndoRedo(bool undo, bool redo) override { buttons = {undo, redo}; }
+    void historyChanged(bool undo, bool redo) override { enabled = {undo, redo}; }
 
-    bool previewing = false;
-    std::pair<bool, bool> buttons;
+    std::pair<bool, bool> enabled;
 };
 
 /// Counts from `first` in the first byte of the picture, a step each.
@@ -36,12 +34,12 @@ int firstByte(const fMain& main) {
 
 TEST_F(FMain, UndoAndRedoWalkTheHistory) {
     insideDialog([&] {
-        TestDialog dialog;
-        main.setDialog(&dialog);
+        HistoryButtons buttons;
+        main.Views.add(buttons);
         main.mnuFiles(0);
-        EXPECT_EQ(dialog.buttons, std::pair(false, false));
+        EXPECT_EQ(buttons.enabled, std::pair(false, false));
         changeDocument(main, 101, 3);
-        EXPECT_EQ(dialog.buttons, std::pair(true, false));
+        EXPECT_EQ(buttons.enabled, std::pair(true, false));
         struct Step {
             int command;
             int byte;
@@ -55,7 +53,7 @@ TEST_F(FMain, UndoAndRedoWalkTheHistory) {
         for (const Step& step : steps) {
             main.mnuEdits(step.command);
             EXPECT_EQ(firstByte(main), step.byte);
-            EXPECT_EQ(dialog.buttons, step.buttons);
+            EXPECT_EQ(buttons.enabled, step.buttons);
         }
         EXPECT_TRUE(main.Saved);
         // a change takes the place of what was undone
@@ -68,8 +66,8 @@ TEST_F(FMain, UndoAndRedoWalkTheHistory) {
         main.Undo();
         changeDocument(main, 160, 1);  // two steps are gone
         EXPECT_EQ(temporaryFiles().size(), 3U);
-        EXPECT_EQ(dialog.buttons, std::pair(true, false));
-        main.setDialog(nullptr);
+        EXPECT_EQ(buttons.enabled, std::pair(true, false));
+        main.Views.remove(buttons);
     });
 }
 
@@ -117,21 +115,6 @@ TEST_F(FMain, ASnapshotThatIsGoneOrBrokenChangesNothing) {
         }
     });
     EXPECT_TRUE(windows.messages.empty());
-}
-
-TEST_F(FMain, APreviewStoresNoStep) {
-    insideDialog([&] {
-        TestDialog dialog;
-        main.setDialog(&dialog);
-        const auto before = main.UndoPos();
-        dialog.previewing = true;
-        main.mnuColorFilters(1);
-        EXPECT_EQ(main.UndoPos(), before);
-        dialog.previewing = false;
-        main.DIBFilter_ProgressEnd();
-        EXPECT_EQ(main.UndoPos(), before + 1);
-        main.setDialog(nullptr);
-    });
 }
 
 TEST_F(FMain, ACropMakesTrueColourAndAStep) {

@@ -2,41 +2,35 @@
 // The filter dialog: one filter, its parameters, before and after.
 #pragma once
 
-#include <QDialog>
 #include <cstdint>
 
+#include "dialogs/common/DialogFrame.hpp"
 #include "dialogs/filter/fFilter_form.hpp"
-#include "shell/DocumentDialog.hpp"
+#include "shell/DocumentPreview.hpp"
+#include "shell/DocumentView.hpp"
 
 namespace mobrel {
 
-class fMain;
-
-/// Works on the document of fMain::Global(). A change of a parameter shows in the after pane, on a reduced
-/// copy; a preview filters the document itself, always from the picture of the before pane; Apply makes what
-/// the document shows a step of its history. However it is closed, the main window is unloaded with it: the
-/// dialog is the last thing that a run does.
-class fFilter : public QDialog, public DocumentDialog {
+/// Works on a main window's document. A change of a parameter shows in the after pane, on a reduced copy; a
+/// preview filters the document itself, always from the picture of the before pane; Apply makes what the
+/// document shows a step of its history. In a host's run the main window is unloaded with the dialog, however
+/// that is closed: it is the last thing that the run does.
+class fFilter final : public DialogFrame, public DocumentView {
  public:
     /// Errors: those of LoadFilterSettings, 380 for a check box that is neither 0, 1 nor 2.
-    fFilter();
+    explicit fFilter(fMain& main, QWidget* parent = nullptr);
     ~fFilter() override;
-    fFilter(const fFilter&) = delete;
-    fFilter& operator=(const fFilter&) = delete;
 
     /// Takes the document over, and chooses a filter by its number in kFilterTable. Called before the dialog
     /// is shown. Error 380 for a number that is not in the table.
     void Initialize(int id);
 
-    /// True only while a filter runs on the document for a look at it.
-    bool Previewing() const override { return m_previewing; }
-    void enableUndoRedo(bool undo, bool redo) override;
-
-    /// Unloads the dialog, however it comes to its end.
-    void done(int result) override;
+    bool Previewing() const override { return m_preview.isRunning(); }
+    void historyChanged(bool undo, bool redo) override;
+    void unloading() override { done(Rejected); }
 
  protected:
-    void showEvent(QShowEvent* event) override;
+    void unload() override;
     void resizeEvent(QResizeEvent* event) override;
 
  private:
@@ -44,50 +38,41 @@ class fFilter : public QDialog, public DocumentDialog {
 
     const FilterTableEntry& entry() const { return kFilterTable[static_cast<std::size_t>(FilterID)]; }
     std::size_t sliderCount() const;
+    ucCanvas& before() { return m_form.iBfrCanvas->owned(); }
 
     void loadSettings();
     void connectControls();
     void connectFilter();
-    void unload();
 
-    ucCanvas& before() { return m_form.iBfrCanvas->owned(); }
     void takeDocument();
-    void restoreDocument();
     void fitAfter();
     void showAfter();
-    void showSmallRoad();
-
     void ApplyFilter(cDIB& target);
+    void cmdPreviewClicked();
+    void cmdApplyClicked();
+    void commandClicked(void (fMain::*command)());
+
     void SetupParams(Reset reset);
     void SetParam(std::size_t Index, const FilterSlider& slider);
     void ShowColors(int HideIndex);
     void setCommands(bool preview, bool apply);
     void offerPreview();
+    void enableControls(bool enabled);
 
     void listClicked();
     void sliderChanged(std::size_t index);
     void colorClicked(std::size_t index);
     void pickColor(std::int16_t button, std::int32_t x, std::int32_t y);
+    void parametersChanged();
     void fitClicked();
     void zoom(int steps);
-    void cmdPreviewClicked();
-    void cmdApplyClicked();
-    void cmdCloseClicked();
-    void commandClicked(void (*command)(fMain&));
-    void enableControls(bool enabled);
 
     FilterForm m_form;
+    DocumentPreview m_preview;
     cDIBFilter DIBAftPreview;
-    cDIB AfterDIB;
-    std::int32_t AfterLeft = 0;
-    std::int32_t AfterTop = 0;
-    std::int32_t AfterWidth = 0;
-    std::int32_t AfterHeight = 0;
     std::int16_t FilterID = 0;
     bool ParamsReady = false;
-    bool m_previewing = false;
     bool m_isInitialized = false;
-    bool m_isUnloaded = false;
 };
 
 }  // namespace mobrel

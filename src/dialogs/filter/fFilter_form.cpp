@@ -12,9 +12,8 @@
 #include <QPushButton>
 #include <QToolButton>
 
-#include "desktop/Icons.hpp"
 #include "desktop/QtValues.hpp"
-#include "dialogs/common/DialogParts.hpp"
+#include "dialogs/common/FormParts.hpp"
 
 namespace mobrel {
 
@@ -28,53 +27,6 @@ constexpr int kLeastPaneWidth = 250;
 constexpr int kLeastPaneHeight = 129;
 constexpr int kParametersHeight = 104;
 constexpr int kParameterHeight = 20;
-
-QFrame* framed(QWidget* pane) {
-    auto* const frame = new QFrame;
-    frame->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-    auto* const layout = new QVBoxLayout(frame);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(pane);
-    return frame;
-}
-
-template <typename Button>
-Button* iconButton(const char* icon, const QString& name) {
-    auto* const button = new Button;
-    button->setIcon(drawnIcon(icon));
-    button->setAccessibleName(name);
-    button->setToolTip(name);
-    return button;
-}
-
-/// Its place stays empty while it is hidden, so that nothing around moves.
-void keepPlace(QWidget& widget) {
-    QSizePolicy policy = widget.sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    widget.setSizePolicy(policy);
-}
-
-/// Room for its text in two lines. A height that depends on the width would not count in the least height of
-/// the dialog, and its rows would overlap.
-void keepTwoLines(QLabel& label) {
-    constexpr double kLongerHalf = 0.6;
-    const QFontMetrics metrics = label.fontMetrics();
-    label.setMinimumSize(qRound(kLongerHalf * metrics.horizontalAdvance(label.text())),
-                         2 * metrics.lineSpacing());
-    QSizePolicy policy = label.sizePolicy();
-    policy.setHeightForWidth(false);
-    label.setSizePolicy(policy);
-}
-
-template <typename Widget>
-Widget* named(const char* name, Widget* widget) {
-    widget->setObjectName(name);
-    return widget;
-}
-
-QString indexed(const char* name, std::size_t index) {
-    return QString("%1(%2)").arg(name).arg(index);
-}
 
 }  // namespace
 

@@ -7,8 +7,8 @@
 #include <QPushButton>
 #include <QToolButton>
 
-#include "desktop/Boundary.hpp"
 #include "desktop/QtValues.hpp"
+#include "dialogs/common/Connections.hpp"
 #include "dialogs/filter/fFilter.hpp"
 #include "dialogs/pickers/mChooseColor.hpp"
 #include "shell/fMain.hpp"
@@ -17,8 +17,6 @@ namespace mobrel {
 
 namespace {
 
-/// Beyond it no depth command's palette is left.
-constexpr int kDeepestPalette = 8;
 constexpr std::int32_t kGreatestZoom = 10;
 
 void showNow(QLabel& label, const QString& text) {
@@ -29,28 +27,22 @@ void showNow(QLabel& label, const QString& text) {
 }  // namespace
 
 void fFilter::connectControls() {
-    const auto onClick = [this](QAbstractButton* button, auto handler) {
-        connect(button, &QAbstractButton::clicked, this, [handler] { enterCore(handler); });
-    };
-    const auto onToggle = [this](QCheckBox* box, auto handler) {
-        connect(box, &QCheckBox::toggled, this, [handler] { enterCore(handler); });
-    };
-    onClick(m_form.Image1, [this] { done(Rejected); });
-    onClick(m_form.cmdPreview, [this] { cmdPreviewClicked(); });
-    onClick(m_form.cmdApply, [this] { cmdApplyClicked(); });
-    onClick(m_form.cmdClose, [this] { cmdCloseClicked(); });
-    onClick(m_form.cmdZoomIn, [this] { zoom(1); });
-    onClick(m_form.cmdZoomOut, [this] { zoom(-1); });
-    onClick(m_form.CommandUndo, [this] { commandClicked([](fMain& main) { main.Undo(); }); });
-    onClick(m_form.CommandRedo, [this] { commandClicked([](fMain& main) { main.Redo(); }); });
-    onToggle(m_form.chkFit, [this] { fitClicked(); });
-    onToggle(m_form.chkPickColor, [this] {
+    onClick(m_form.Image1, this, [this] { done(Rejected); });
+    onClick(m_form.cmdPreview, this, [this] { cmdPreviewClicked(); });
+    onClick(m_form.cmdApply, this, [this] { cmdApplyClicked(); });
+    onClick(m_form.cmdClose, this, [this] { done(Rejected); });
+    onClick(m_form.cmdZoomIn, this, [this] { zoom(1); });
+    onClick(m_form.cmdZoomOut, this, [this] { zoom(-1); });
+    onClick(m_form.CommandUndo, this, [this] { commandClicked(&fMain::Undo); });
+    onClick(m_form.CommandRedo, this, [this] { commandClicked(&fMain::Redo); });
+    onToggle(m_form.chkFit, this, [this] { fitClicked(); });
+    onToggle(m_form.chkPickColor, this, [this] {
         before().setWorkMode(m_form.chkPickColor->isChecked() ? ucCanvas::kPickColorMode
                                                               : ucCanvas::kScrollMode);
     });
-    connect(m_form.cbFilter, &QComboBox::activated, this, [this] { enterCore([this] { listClicked(); }); });
+    connectToCore(m_form.cbFilter, &QComboBox::activated, this, [this] { listClicked(); });
     for (std::size_t i = 0; i < m_form.lblColor.size(); ++i)
-        onClick(m_form.lblColor[i], [this, i] { colorClicked(i); });
+        onClick(m_form.lblColor[i], this, [this, i] { colorClicked(i); });
     for (std::size_t i = 0; i < m_form.sbParam.size(); ++i)
         m_form.sbParam[i]->owned().ValueChanged.connect([this, i] { sliderChanged(i); });
     const auto pick = [this](std::int16_t button, std::int16_t, std::int32_t x, std::int32_t y) {
@@ -60,19 +52,10 @@ void fFilter::connectControls() {
     before().MouseDown.connect(pick);
     before().MouseMove.connect(pick);
     m_form.iAft->owned().Resized.connect([this] {
-        if (!m_isInitialized || m_isUnloaded) return;
+        if (!m_isInitialized || isUnloaded()) return;
         fitAfter();
-        showSmallRoad();
+        showAfter();
     });
-}
-
-void fFilter::ApplyFilter(cDIB& target) {
-    if (!ParamsReady) return;
-    FilterValues values;
-    for (std::size_t i = 0; i < kFilterSliders; ++i) values.sliders[i] = m_form.sbParam[i]->owned().Value();
-    values.from = m_form.lblColor[0]->BackColor();
-    values.to = m_form.lblColor[1]->BackColor();
-    entry().apply(DIBAftPreview, target, values);
 }
 
 std::size_t fFilter::sliderCount() const {
@@ -95,7 +78,7 @@ void fFilter::SetupParams(Reset reset) {
         m_form.fraParams->show();
         if (keyboard && keyboard->isVisibleTo(this)) keyboard->setFocus();  // hiding has taken it away
     }
-    showSmallRoad();
+    showAfter();
 }
 
 void fFilter::SetParam(std::size_t Index, const FilterSlider& slider) {
@@ -140,12 +123,16 @@ void fFilter::listClicked() {
     FilterID = static_cast<std::int16_t>(m_form.cbFilter->currentIndex());
     SetupParams(Reset::Yes);
     offerPreview();
-    fMain::Global().LastFilterID = FilterID;
+    main().LastFilterID = FilterID;
 }
 
 void fFilter::sliderChanged(std::size_t index) {
     showNow(*m_form.lblParamValue[index], QString::number(m_form.sbParam[index]->owned().Value()));
-    showSmallRoad();
+    parametersChanged();
+}
+
+void fFilter::parametersChanged() {
+    showAfter();
     offerPreview();
 }
 
@@ -153,7 +140,7 @@ void fFilter::colorClicked(std::size_t index) {
     ColorLabel& label = *m_form.lblColor[index];
     const std::int32_t color = ChooseColorEx(this, label.BackColor(), true);
     if (color != -1) label.setBackColor(static_cast<Color>(color));
-    sliderChanged(0);
+    parametersChanged();
 }
 
 /// The left button picks the colour to change from, any other the one to change to.
@@ -165,7 +152,7 @@ void fFilter::pickColor(std::int16_t button, std::int32_t x, std::int32_t y) {
     if (label.isVisibleTo(this)) label.setBackColor(static_cast<Color>(std::max(color, 0)));
     ColorLabel& to = *m_form.lblColor[1];
     if (m_form.chkLock->isChecked() && to.isVisibleTo(this)) to.setBackColor(m_form.lblColor[0]->BackColor());
-    sliderChanged(0);
+    parametersChanged();
 }
 
 void fFilter::fitClicked() {
@@ -181,26 +168,11 @@ void fFilter::zoom(int steps) {
     before().Resize();
 }
 
-void fFilter::commandClicked(void (*command)(fMain&)) {
-    fMain& main = fMain::Global();
-    command(main);
-    takeDocument();
-    SetupParams(Reset::Yes);
-    const bool isPalette = main.BPP <= kDeepestPalette;
-    enableControls(!isPalette);
-    setCommands(FilterID >= 1 && !isPalette, false);
-}
-
 /// kept: all but the commands, whatever state they had.
 void fFilter::enableControls(bool enabled) {
     for (QWidget* const control : m_form.parameterControls()) control->setEnabled(enabled);
     before().setEnabled(enabled);
     for (auto* const slider : m_form.sbParam) slider->owned().setEnabled(enabled);
-}
-
-void fFilter::enableUndoRedo(bool undo, bool redo) {
-    m_form.CommandUndo->setEnabled(undo);
-    m_form.CommandRedo->setEnabled(redo);
 }
 
 }  // namespace mobrel

@@ -12,8 +12,8 @@
 #include <QPainter>
 #include <QStyle>
 
-#include "desktop/LostDisplay.hpp"
 #include "desktop/QtValues.hpp"
+#include "desktop/RunningEvents.hpp"
 #include "platform/system/Files.hpp"
 #include "shell/mMisc.hpp"
 

@@ -4,8 +4,8 @@
 #include <QColorDialog>
 #include <array>
 
-#include "desktop/LostDisplay.hpp"
 #include "desktop/QtValues.hpp"
+#include "desktop/RunningEvents.hpp"
 
 namespace mobrel {
 

@@ -3,6 +3,20 @@
 
 namespace mobrel {
 
+namespace {
+
+ErrorPolicy g_errorPolicy = ErrorPolicy::EndRun;
+
+}  // namespace
+
+void setErrorPolicy(ErrorPolicy policy) noexcept {
+    g_errorPolicy = policy;
+}
+
+ErrorPolicy errorPolicy() noexcept {
+    return g_errorPolicy;
+}
+
 const char* errorText(ErrorNumber number) noexcept {
     switch (number) {
         case ErrorNumber::InvalidCall:

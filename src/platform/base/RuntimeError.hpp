@@ -49,6 +49,18 @@ class RuntimeError : public std::exception {
     ErrorNumber m_number;
 };
 
+/// What becomes of an error that reaches an entry from outside.
+enum class ErrorPolicy {
+    /// It is told, and ends the run.
+    EndRun,
+    /// It is told, and the run goes on.
+    Tell,
+};
+
+/// For the whole process; EndRun until a program says otherwise, before its first window.
+void setErrorPolicy(ErrorPolicy policy) noexcept;
+ErrorPolicy errorPolicy() noexcept;
+
 /// Runs one statement that is skipped when it fails. True when it ran to its end.
 template <typename Statement>
 bool skipErrors(Statement&& statement) {
@@ -63,8 +75,8 @@ bool skipErrors(Statement&& statement) {
 }
 
 /// Runs an entry from outside (a program's main, an event handler) into the core. The text of an
-/// error that reaches it comes back; it is fatal, and telling it is the caller's. Memory that runs
-/// out counts as error 7.
+/// error that reaches it comes back; what it means is told by errorPolicy(), and telling it is the caller's.
+/// Memory that runs out counts as error 7.
 template <typename Entry>
 std::optional<std::string> fatalErrorOf(Entry&& entry) {
     try {

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "platform/pictures/PictureView.hpp"
@@ -10,11 +12,32 @@
 
 namespace mobrel {
 
+class fMain;  // whom a dialog works for
+
 enum class MessageIcon { Exclamation, Question, Critical };
 enum class MessageButtons { Ok, YesNoCancel };
 enum class MessageAnswer { Ok, Yes, No, Cancel };
 
-/// Windows and messages.
+/// What a file dialog starts with.
+struct FileQuestion {
+    std::string title;
+    std::string fileName;
+    /// Names and patterns in turn, with "|" between: "Bitmap (*.bmp)|*.bmp|GIF (*.gif)|*.gif".
+    std::string filter;
+    bool isOpen = false;
+};
+
+/// What was chosen in a file dialog.
+struct FileAnswer {
+    std::string fileName;
+    /// The pattern of the chosen type: "*.jpg".
+    std::string fileExt;
+    /// 0 to 100.
+    int jpegQuality = 0;
+};
+
+/// Windows and messages. A call for a dialog shows it and waits until it is closed. It answers false, or
+/// nothing, when the dialog cannot be shown, and then the reason has been told.
 class Windows {
  public:
     virtual ~Windows() = default;
@@ -22,10 +45,17 @@ class Windows {
     /// Shows a message box and waits for the answer.
     virtual MessageAnswer message(std::string_view text, MessageIcon icon, MessageButtons buttons) = 0;
 
-    /// Shows the dialog of that name and waits until it is closed. `id` is what the dialog starts with,
-    /// for the filter dialog its filter id. False when it cannot be shown, and then the reason has been
-    /// told.
-    virtual bool showDialog(std::string_view name, int id) = 0;
+    /// The filter dialog with a filter by its number in the list; with none it takes nothing over from the
+    /// document.
+    virtual bool showFilter(fMain& main, std::optional<int> id) = 0;
+    virtual bool showTexturize(fMain& main) = 0;
+    virtual bool showResize(fMain& main) = 0;
+    virtual bool showOrientation(fMain& main) = 0;
+    virtual bool showPrint(fMain& main) = 0;
+    virtual bool showProperties(fMain& main) = 0;
+    virtual bool showAbout(fMain& main) = 0;
+    /// The file dialog with a preview. Nothing on cancel, too.
+    virtual std::optional<FileAnswer> askForFile(fMain& main, const FileQuestion& question) = 0;
 
     /// The mouse pointer of the screen: an hourglass, or back to normal.
     virtual void setHourglass(bool on) = 0;

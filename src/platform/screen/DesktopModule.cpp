@@ -61,7 +61,18 @@ class WindowsOnDemand final : public Windows {
         return opened().windows->message(text, icon, buttons);
     }
 
-    bool showDialog(std::string_view name, int id) override { return opened().windows->showDialog(name, id); }
+    bool showFilter(fMain& main, std::optional<int> id) override {
+        return opened().windows->showFilter(main, id);
+    }
+    bool showTexturize(fMain& main) override { return opened().windows->showTexturize(main); }
+    bool showResize(fMain& main) override { return opened().windows->showResize(main); }
+    bool showOrientation(fMain& main) override { return opened().windows->showOrientation(main); }
+    bool showPrint(fMain& main) override { return opened().windows->showPrint(main); }
+    bool showProperties(fMain& main) override { return opened().windows->showProperties(main); }
+    bool showAbout(fMain& main) override { return opened().windows->showAbout(main); }
+    std::optional<FileAnswer> askForFile(fMain& main, const FileQuestion& question) override {
+        return opened().windows->askForFile(main, question);
+    }
 
     void setHourglass(bool on) override {
         m_isHourglass = on;

@@ -11,6 +11,7 @@ int main() {
     const Desktop desktop = desktopOnDemand();
     fMain::setGlobalDesktop(desktop);
     fMain& window = fMain::Global();
+    setErrorPolicy(window.Rules.errors);
     if (const auto text = fatalErrorOf([&] { window.Load(); })) {
         desktop.windows->message(*text, MessageIcon::Critical, MessageButtons::Ok);
         deleteTerminationFiles();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/LostDisplay.hpp"
+#include "desktop/RunningEvents.hpp"
 
 #include <csignal>
 #include <cstdlib>
