@@ -13,8 +13,8 @@
 
 #include "platform/base/RandomSource.hpp"
 #include "platform/base/RuntimeError.hpp"
-#include "programs/batch/Failure.hpp"
-#include "programs/batch/StepText.hpp"
+#include "programs/batch/steps/Failure.hpp"
+#include "programs/batch/steps/StepText.hpp"
 
 namespace {
 

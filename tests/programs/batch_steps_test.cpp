@@ -7,9 +7,9 @@
 #include <string_view>
 #include <vector>
 
-#include "programs/batch/Failure.hpp"
-#include "programs/batch/StepText.hpp"
-#include "programs/batch/Words.hpp"
+#include "programs/batch/steps/Failure.hpp"
+#include "programs/batch/steps/MessageText.hpp"
+#include "programs/batch/steps/StepText.hpp"
 
 namespace mobrel::batch {
 namespace {

@@ -32,6 +32,8 @@ LAYERS = [
     ["dialogs/pickers"],
     ["dialogs/filter", "dialogs/about"],
     ["dialogs"],
+    ["programs/batch/steps"],
+    ["programs/batch/run"],
     ["programs/mobrel", "programs/batch", "programs/clipboard", "programs/gallery"],
 ]
 FIRST_WITH_QT = "desktop"

@@ -8,13 +8,13 @@
 #include <variant>
 #include <vector>
 
-#include "programs/batch/Failure.hpp"
-#include "programs/batch/Interrupt.hpp"
-#include "programs/batch/Jobs.hpp"
-#include "programs/batch/Options.hpp"
-#include "programs/batch/Pictures.hpp"
-#include "programs/batch/Report.hpp"
-#include "programs/batch/Tasks.hpp"
+#include "programs/batch/run/Interrupt.hpp"
+#include "programs/batch/run/Options.hpp"
+#include "programs/batch/run/Outcome.hpp"
+#include "programs/batch/run/Report.hpp"
+#include "programs/batch/run/Run.hpp"
+#include "programs/batch/run/Task.hpp"
+#include "programs/batch/steps/Failure.hpp"
 
 namespace mobrel::batch {
 

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+// Reads picture files.
+#pragma once
+
+#include <string>
+
+#include "platform/pictures/ReadOptions.hpp"
+#include "programs/batch/steps/Document.hpp"
+
+namespace mobrel::batch {
+
+/// Reads the picture of a file; of a folder, a pipe or a device there is none. Throws Failure and what
+/// readDocument does. Never waits for another process.
+void readPictureFile(const std::string& path, const ReadOptions& options, Document& document);
+
+}  // namespace mobrel::batch
