@@ -20,6 +20,12 @@ float hundredth(std::int32_t slider) {
     return static_cast<float>(slider / 100.0);
 }
 
+/// Calls the operation with the values of those sliders.
+template <auto kOperation, std::size_t... kSliders>
+void bySliders(Filter& filter, cDIB& DIB, [[maybe_unused]] const Values& values) {
+    (filter.*kOperation)(DIB, values.sliders[kSliders]...);
+}
+
 constexpr FilterSlider kStrength = {"Level", 1, 25, 1};
 /// What the sliders of strength are added to.
 constexpr std::int32_t kWeakest = 75;
@@ -29,42 +35,31 @@ constexpr std::int32_t kWeakest = 75;
 const std::array<FilterTableEntry, 28> kFilterTable = {{
     {"<None>", [](Filter&, cDIB&, const Values&) {}},
     {"Blur", [](Filter& f, cDIB& d, const Values& v) { f.Blur(d, v.sliders[0] + kWeakest); }, {kStrength}},
-    {"Brightness",
-     [](Filter& f, cDIB& d, const Values& v) { f.ShiftRGB(d, v.sliders[0], v.sliders[0], v.sliders[0]); },
-     {{{"Level", -255, 255, 0}}}},
+    {"Brightness", bySliders<&Filter::ShiftRGB, 0, 0, 0>, {{{"Level", -255, 255, 0}}}},
     {"Colorize",
      [](Filter& f, cDIB& d, const Values& v) {
          f.Colorize(d, hueOf(v.sliders[0]), hundredth(v.sliders[1]), hundredth(v.sliders[2]));
      },
      {{{"Hue", 0, 100, 0}, {"Saturation", 0, 100, 50}, {"Luminosity", 0, 100, 100}}}},
-    {"Contour", [](Filter& f, cDIB& d, const Values&) { f.Contour(d); }},
-    {"Contrast",
-     [](Filter& f, cDIB& d, const Values& v) { f.Contrast(d, v.sliders[0]); },
-     {{{"Level", -100, 250, 0}}}},
-    {"Despeckle", [](Filter& f, cDIB& d, const Values&) { f.Despeckle(d); }},
-    {"Despeckle more", [](Filter& f, cDIB& d, const Values&) { f.DespeckleMore(d); }},
+    {"Contour", bySliders<&Filter::Contour>},
+    {"Contrast", bySliders<&Filter::Contrast, 0>, {{{"Level", -100, 250, 0}}}},
+    {"Despeckle", bySliders<&Filter::Despeckle>},
+    {"Despeckle more", bySliders<&Filter::DespeckleMore>},
     {"Diffuse",
-     [](Filter& f, cDIB& d, const Values& v) { f.Diffuse(d, v.sliders[0], v.sliders[1], v.sliders[2]); },
+     bySliders<&Filter::Diffuse, 0, 1, 2>,
      {{{"Horizontal factor", 0, 100, 0}, {"Vertical factor", 0, 100, 0}, {"Step", 1, 10, 1}}}},
-    {"Dilate", [](Filter& f, cDIB& d, const Values&) { f.RankFilterMaximum(d); }},
+    {"Dilate", bySliders<&Filter::RankFilterMaximum>},
     {"Emboss",
      [](Filter& f, cDIB& d, const Values& v) { f.Emboss(d, v.sliders[0], true); },
      {{{"Level", 0, 200, 0}}}},
-    {"Erode", [](Filter& f, cDIB& d, const Values&) { f.RankFilterMinimum(d); }},
-    {"Greys", [](Filter& f, cDIB& d, const Values&) { f.Greys(d); }},
-    {"Negative", [](Filter& f, cDIB& d, const Values&) { f.Negative(d); }},
-    {"Noise",
-     [](Filter& f, cDIB& d, const Values& v) { f.Noise(d, v.sliders[0], v.sliders[1]); },
-     {{{"Amount", 0, 200, 0}, {"Step", 1, 10, 1}}}},
-    {"Outline",
-     [](Filter& f, cDIB& d, const Values& v) { f.Outline(d, v.sliders[0], v.sliders[1]); },
-     {{{"Level", -100, 100, 0}, {"Shift", -50, 50, 0}}}},
-    {"Pixelaze",  // kept: as it has always been spelled
-     [](Filter& f, cDIB& d, const Values& v) { f.Pixelize(d, v.sliders[0]); },
-     {{{"Pixel size", 1, 25, 1}}}},
-    {"Relieve",
-     [](Filter& f, cDIB& d, const Values& v) { f.Relieve(d, v.sliders[0]); },
-     {{{"Level", 1, 100, 1}}}},
+    {"Erode", bySliders<&Filter::RankFilterMinimum>},
+    {"Greys", bySliders<&Filter::Greys>},
+    {"Negative", bySliders<&Filter::Negative>},
+    {"Noise", bySliders<&Filter::Noise, 0, 1>, {{{"Amount", 0, 200, 0}, {"Step", 1, 10, 1}}}},
+    {"Outline", bySliders<&Filter::Outline, 0, 1>, {{{"Level", -100, 100, 0}, {"Shift", -50, 50, 0}}}},
+    // kept: as it has always been spelled
+    {"Pixelaze", bySliders<&Filter::Pixelize, 0>, {{{"Pixel size", 1, 25, 1}}}},
+    {"Relieve", bySliders<&Filter::Relieve, 0>, {{{"Level", 1, 100, 1}}}},
     {"Replace HS",
      [](Filter& f, cDIB& d, const Values& v) {
          f.ReplaceHS(d, v.from, v.to, v.sliders[0], v.sliders[1], v.sliders[2]);
@@ -76,16 +71,14 @@ const std::array<FilterTableEntry, 28> kFilterTable = {{
      {{{"Extent", 0, 255, 0}, {"L Tolerance", 0, 100, 0}}},
      FilterColors::FromAndTo},
     {"RGB levels",
-     [](Filter& f, cDIB& d, const Values& v) { f.ShiftRGB(d, v.sliders[0], v.sliders[1], v.sliders[2]); },
+     bySliders<&Filter::ShiftRGB, 0, 1, 2>,
      {{{"Red", -255, 255, 0}, {"Green", -255, 255, 0}, {"Blue", -255, 255, 0}}}},
     {"Salt'n pepper removal",
      [](Filter& f, cDIB& d, const Values& v) { f.SaltAndPepperRemoval(d, 255 - v.sliders[0]); },
      {{{"Threshold", 0, 255, 0}}}},
-    {"Saturation",
-     [](Filter& f, cDIB& d, const Values& v) { f.Saturation(d, v.sliders[0]); },
-     {{{"Level", -100, 250, 0}}}},
+    {"Saturation", bySliders<&Filter::Saturation, 0>, {{{"Level", -100, 250, 0}}}},
     {"Scanlines",
-     [](Filter& f, cDIB& d, const Values& v) { f.ScanLines(d, v.sliders[0], v.sliders[1]); },
+     bySliders<&Filter::ScanLines, 0, 1>,
      {{{"Black point", 0, 100, 0}, {"White point", 0, 100, 0}}}},
     {"Sepia", [](Filter& f, cDIB& d, const Values&) { f.Colorize(d, 0.5F, 0.25F, 1.0F); }},
     {"Sharpen",

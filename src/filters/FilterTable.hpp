@@ -12,6 +12,38 @@
 
 namespace mobrel {
 
+/// The filters by their places in the list; fMain::LastFilterID holds such a number.
+enum class FilterId : std::int16_t {
+    None,
+    Blur,
+    Brightness,
+    Colorize,
+    Contour,
+    Contrast,
+    Despeckle,
+    DespeckleMore,
+    Diffuse,
+    Dilate,
+    Emboss,
+    Erode,
+    Greys,
+    Negative,
+    Noise,
+    Outline,
+    Pixelize,
+    Relieve,
+    ReplaceHS,
+    ReplaceL,
+    RgbLevels,
+    SaltAndPepperRemoval,
+    Saturation,
+    ScanLines,
+    Sepia,
+    Sharpen,
+    Shift,
+    Soften,
+};
+
 constexpr std::size_t kFilterSliders = 3;
 
 struct FilterSlider {
@@ -38,7 +70,7 @@ struct FilterTableEntry {
     FilterColors colors = FilterColors::None;
 };
 
-/// The place is the filter's number, here and in a host's hand-off. Place 0 is none.
+/// The entry of a filter stands at the place of its FilterId.
 extern const std::array<FilterTableEntry, 28> kFilterTable;
 
 }  // namespace mobrel
