@@ -17,6 +17,14 @@ bool isBelowOne(std::string_view text) {
     return result.ec == std::errc() && number < 1 && number > -1;
 }
 
+template <typename Number>
+std::string decimalText(Number number) {
+    std::array<char, 400> buffer{};
+    const auto result =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, std::chars_format::fixed);
+    return {buffer.data(), result.ptr};
+}
+
 }  // namespace
 
 std::optional<double> numberOf(std::string_view text) {
@@ -37,10 +45,11 @@ std::optional<double> numberOf(std::string_view text) {
 }
 
 std::string textOf(float number) {
-    std::array<char, 64> buffer{};
-    const auto result =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, std::chars_format::fixed);
-    return {buffer.data(), result.ptr};
+    return decimalText(number);
+}
+
+std::string textOf(double number) {
+    return decimalText(number);
 }
 
 }  // namespace mobrel

@@ -12,7 +12,8 @@ namespace mobrel {
 /// "2.8e1"). Nothing for any other text, for an empty one, and for one beyond the range of a double.
 std::optional<double> numberOf(std::string_view text);
 
-/// The shortest decimal text of a single-precision number ("15000", "0.5").
+/// The shortest decimal text that gives the number again, without an exponent ("15000", "-0.5").
 std::string textOf(float number);
+std::string textOf(double number);
 
 }  // namespace mobrel

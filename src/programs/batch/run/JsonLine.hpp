@@ -1,19 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Lines of JSON.
+// Outcomes as lines of JSON.
 #pragma once
 
 #include <string>
-#include <string_view>
 
 #include "programs/batch/run/Outcome.hpp"
 
 namespace mobrel::batch {
-
-/// The text as a JSON string, with its quotes. A byte that is no part of valid UTF-8 becomes \u00XX, X its
-/// hexadecimal digits.
-///
-/// Source: RFC 8259, section 7; RFC 3629, section 4 (which bytes are UTF-8).
-std::string jsonString(std::string_view text);
 
 /// What became of a picture, as one object on one line, without the line's end.
 std::string jsonLine(const Task& task, const Outcome& outcome);
