@@ -10,7 +10,6 @@
 #include <string_view>
 #include <vector>
 
-#include "filters/FilterCall.hpp"
 #include "filters/FilterCatalogue.hpp"
 #include "support/EventLog.hpp"
 #include "support/PhotoPicture.hpp"
@@ -54,7 +53,7 @@ constexpr ChosenValue kChosenValues[] = {
 struct SelectionCase {
     std::string_view row;
     std::string_view operation;
-    std::array<double, 5> values;
+    std::array<double, kMostArguments> values;
 };
 /// The photo holds no green; all of its colours lie within 200 of the middle grey.
 constexpr SelectionCase kSelectionCases[] = {
@@ -66,7 +65,7 @@ constexpr SelectionCase kSelectionCases[] = {
     {"Shift_near", "Shift", {0x808080, 60, 200}},
 };
 
-double valueOf(const FilterEntry& entry, const FilterArgument& argument) {
+double valueOf(const FilterEntry& entry, const Argument& argument) {
     for (const ChosenValue& chosen : kChosenValues) {
         if (chosen.operation == entry.name && chosen.argument == argument.name) return chosen.value;
     }
@@ -74,32 +73,32 @@ double valueOf(const FilterEntry& entry, const FilterArgument& argument) {
     throw std::logic_error(std::string(entry.name) + ": no value for " + std::string(argument.name));
 }
 
-FilterValues valuesOf(const FilterEntry& entry, const cDIB& texture) {
-    FilterValues values;
+ArgumentValues valuesOf(const FilterEntry& entry, const cDIB& texture) {
+    ArgumentValues values;
     std::size_t i = 0;
-    for (const FilterArgument& argument : entry.arguments()) {
+    for (const Argument& argument : entry.arguments()) {
         if (argument.kind == ArgumentKind::Texture) {
             values.texture = &texture;
         } else {
-            values.values[i] = valueOf(entry, argument);
+            values.numbers[i] = valueOf(entry, argument);
         }
         ++i;
     }
     return values;
 }
 
-void runFilter(int slot, cDIB& picture, const FilterValues& values) {
+void runFilter(const FilterEntry& entry, cDIB& picture, const ArgumentValues& values) {
     RandomSource random;
     cDIBFilter filter(random);
     filter.Progress.connect([](std::int32_t) {});
     filter.ProgressEnd.connect([] {});
-    callFilter(slot, filter, picture, values);
+    entry.apply(filter, picture, values);
 }
 
-void runRecipe(std::string_view name, cDIB& picture, const FilterValues& values, const cDIB& texture) {
+void runRecipe(std::string_view name, cDIB& picture, const ArgumentValues& values, const cDIB& texture) {
     test::Picture plain = test::fromSurface(picture);
     test::EventLog log;
-    recipes::callRecipe(name, plain, values.values, test::fromSurface(texture), log);
+    recipes::callRecipe(name, plain, values.numbers, test::fromSurface(texture), log);
     test::toSurface(plain, picture);
 }
 
@@ -110,10 +109,10 @@ std::vector<PictureOperation> filterOperations() {
     if (!texture->Create(64, 64, 0)) throw std::runtime_error("no memory for the texture");
     paintPhoto(*texture);
     std::vector<PictureOperation> operations;
-    const auto add = [&](std::string_view row, const FilterEntry& entry, const FilterValues& values) {
+    const auto add = [&](std::string_view row, const FilterEntry& entry, const ArgumentValues& values) {
         operations.push_back(
             {"filters", std::string(row),
-             [&entry, values, texture](cDIB& picture) { runFilter(entry.slot, picture, values); },
+             [&entry, values, texture](cDIB& picture) { runFilter(entry, picture, values); },
              [&entry, values, texture](cDIB& picture) { runRecipe(entry.name, picture, values, *texture); }});
     };
     for (const FilterEntry& entry : kFilterCatalogue) {

@@ -45,14 +45,14 @@ bool isWhole(double number) {
 }
 
 void checkValues(const Step& step) {
-    const std::vector<StepArgument>& arguments = step.kind->arguments;
+    const std::vector<Argument>& arguments = step.kind->arguments;
     require(step.values.numbers.size() == arguments.size(), "every argument has a value");
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         require(step.values.numbers[i] || arguments[i].isOptional, "what is not optional has a value");
         const double value = step.values.numbers[i].value_or(arguments[i].least);
         require(value >= arguments[i].least && value <= arguments[i].greatest, "values are in range");
         require(value != arguments[i].except, "the excepted value is refused");
-        require(arguments[i].kind == ValueKind::Float || isWhole(value), "integers have no fraction");
+        require(arguments[i].kind == ArgumentKind::Float || isWhole(value), "integers have no fraction");
     }
 }
 

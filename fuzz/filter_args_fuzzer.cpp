@@ -2,11 +2,10 @@
 // Fuzz target of the filters: any operation with any arguments in range gives the bytes and events of its
 // plain recipe, and no error.
 //
-// An input is the operation (slot - 1), width - 1, height - 1, five bytes for each argument (how to take
-// it, and a number), the texture's width - 1 and height - 1 where there is one, and then samples of blue,
-// green and red, repeated as often as needed.
+// An input is the operation's place in the catalogue, width - 1, height - 1, five bytes for each argument
+// (how to take it, and a number), the texture's width - 1 and height - 1 where there is one, and then samples
+// of blue, green and red, repeated as often as needed.
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -16,9 +15,9 @@
 #include <span>
 #include <string>
 
-#include "filters/FilterCall.hpp"
 #include "filters/FilterCatalogue.hpp"
 #include "support/EventLog.hpp"
+#include "support/FilterRun.hpp"
 #include "support/RecipeCall.hpp"
 #include "support/TestPictures.hpp"
 
@@ -52,7 +51,7 @@ class Input {
     std::span<const std::uint8_t> m_rest;
 };
 
-double integerValue(const FilterArgument& argument, std::uint8_t choice, std::uint32_t word) {
+double integerValue(const Argument& argument, std::uint8_t choice, std::uint32_t word) {
     const double span = argument.greatest - argument.least + 1;
     const double remarkable = argument.except.value_or(argument.preset.value_or(0));
     double value = 0;
@@ -73,7 +72,7 @@ double integerValue(const FilterArgument& argument, std::uint8_t choice, std::ui
     return value == argument.except ? argument.greatest : value;
 }
 
-double valueOf(const FilterArgument& argument, Input& input) {
+double valueOf(const Argument& argument, Input& input) {
     const std::uint8_t choice = input.byte();
     const std::uint32_t word = input.word();
     if (argument.kind == ArgumentKind::Integer) return integerValue(argument, choice, word);
@@ -97,26 +96,7 @@ Picture pictureOf(int width, int height, std::span<const std::uint8_t> samples) 
     return picture;
 }
 
-struct Run {
-    Picture picture;
-    test::EventLog log;
-};
-
-void runFilter(const FilterEntry& entry, const std::array<double, 5>& values, const Picture& texture,
-               Run& run) {
-    cDIB textureSurface;
-    toSurface(texture, textureSurface);
-    cDIB surface;
-    toSurface(run.picture, surface);
-    RandomSource random;
-    cDIBFilter filter(random);
-    run.log.attach(filter);
-    callFilter(entry.slot, filter, surface, {values, &textureSurface});
-    run.picture = test::fromSurface(surface);
-}
-
-[[noreturn]] void fail(const FilterEntry& entry, const std::array<double, 5>& values,
-                       const std::string& what) {
+[[noreturn]] void fail(const FilterEntry& entry, const test::Values& values, const std::string& what) {
     std::fprintf(stderr, "filter_args_fuzzer: %s", std::string(entry.name).c_str());
     for (std::size_t i = 0; i < entry.argumentCount; ++i) std::fprintf(stderr, " %.9g", values[i]);
     std::fprintf(stderr, ": %s\n", what.c_str());
@@ -129,7 +109,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Input input({data, size});
     const FilterEntry& entry = kFilterCatalogue[input.byte() % kFilterCount];
     const int width = input.side(), height = input.side();
-    std::array<double, 5> values{};
+    test::Values values{};
     Picture texture(1, 1);
     for (std::size_t i = 0; i < entry.argumentCount; ++i) {
         if (entry.arguments()[i].kind == ArgumentKind::Texture) {
@@ -139,18 +119,20 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             values[i] = valueOf(entry.arguments()[i], input);
         }
     }
-    Run fast{pictureOf(width, height, input.rest()), {}};
-    Run plain{fast.picture, {}};
+    const Picture picture = pictureOf(width, height, input.rest());
+    Picture expected = picture;
+    test::EventLog log;
     try {
-        runFilter(entry, values, texture, fast);
-        recipes::callRecipe(entry.name, plain.picture, values, texture, plain.log);
+        const test::FilterOutcome outcome = outcomeOf(entry, values, texture, picture);
+        if (outcome.error) throw RuntimeError(*outcome.error);
+        recipes::callRecipe(entry.name, expected, values, texture, log);
+        const std::string difference = firstDifference(expected, outcome.picture);
+        if (!difference.empty()) fail(entry, values, difference);
+        if (outcome.events != log.toString()) {
+            fail(entry, values, "events " + outcome.events + ", expected " + log.toString());
+        }
     } catch (const std::exception& error) {
         fail(entry, values, error.what());
-    }
-    const std::string difference = firstDifference(plain.picture, fast.picture);
-    if (!difference.empty()) fail(entry, values, difference);
-    if (!(fast.log == plain.log)) {
-        fail(entry, values, "events " + fast.log.toString() + ", expected " + plain.log.toString());
     }
     return 0;
 }

@@ -1,29 +1,18 @@
 // SPDX-License-Identifier: MIT
-// The 27 operations as data: what programs, tests and documents need to know to offer them.
+// The 27 operations as data and as something to call: what programs, tests and documents need to know to
+// offer them.
 #pragma once
 
 #include <array>
 #include <cstddef>
-#include <cstdint>
-#include <optional>
 #include <span>
 #include <string_view>
 
+#include "filters/Argument.hpp"
+#include "filters/cDIBFilter.hpp"
+#include "imaging/cDIB.hpp"
+
 namespace mobrel {
-
-enum class ArgumentKind { Integer, Float, Boolean, Rgb, Texture };
-
-/// One argument of an operation. Values from least to greatest, but for `except`, never end in an error
-/// or an endless loop, on any picture.
-struct FilterArgument {
-    std::string_view name;
-    ArgumentKind kind = ArgumentKind::Integer;
-    double least = 0;
-    double greatest = 0;
-    /// What stands in when the argument is left out; nothing when it must be given.
-    std::optional<double> preset = {};
-    std::optional<double> except = {};
-};
 
 /// Which pixels an operation may write.
 enum class Border { Changed, Spared };
@@ -32,23 +21,33 @@ enum class Border { Changed, Spared };
 /// of several.
 enum class Cadence { EachRow, HalfRows, QuarterRows, EachStep };
 
+constexpr std::size_t kMostArguments = 5;
+
+/// The values of an operation's arguments, in their order.
+struct ArgumentValues {
+    std::array<double, kMostArguments> numbers = {};
+    const cDIB* texture = nullptr;
+};
+
 struct FilterEntry {
-    int slot = 0;
     std::string_view name;
     std::string_view meaning;
     Border border = Border::Changed;
     Cadence cadence = Cadence::EachRow;
-    std::array<FilterArgument, 5> allArguments = {};
+    /// Error 5 for a texture that is not there. Values in the ranges of the arguments never end in another
+    /// error or an endless loop, on any picture.
+    void (*apply)(cDIBFilter& filter, cDIB& DIB, const ArgumentValues& values) = nullptr;
+    std::array<Argument, kMostArguments> allArguments = {};
     std::size_t argumentCount = 0;
 
-    constexpr std::span<const FilterArgument> arguments() const {
+    constexpr std::span<const Argument> arguments() const {
         return std::span(allArguments).first(argumentCount);
     }
 };
 
 constexpr std::size_t kFilterCount = 27;
 
-/// All operations in slot order: entry i has slot i + 1.
+/// All operations, in the order of docs/filters.md.
 extern const std::array<FilterEntry, kFilterCount> kFilterCatalogue;
 
 }  // namespace mobrel

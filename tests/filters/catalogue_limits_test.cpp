@@ -21,12 +21,13 @@
 namespace mobrel {
 namespace {
 
+using test::callText;
+using test::entryOf;
+using test::FilterOutcome;
 using test::lawPictures;
-using test::Outcome;
 using test::outcomeOf;
 using test::Picture;
 using test::presetsOf;
-using test::textOf;
 using test::textureOf;
 using test::Values;
 
@@ -67,7 +68,7 @@ constexpr LooseLimit kLooseLimits[] = {
     {"Saturation", "Level", End::Greatest, {1263225550}},
 };
 
-const LooseLimit* looseLimit(const FilterEntry& entry, const FilterArgument& argument, End end) {
+const LooseLimit* looseLimit(const FilterEntry& entry, const Argument& argument, End end) {
     for (const LooseLimit& limit : kLooseLimits) {
         if (limit.operation == entry.name && limit.argument == argument.name && limit.end == end)
             return &limit;
@@ -76,7 +77,7 @@ const LooseLimit* looseLimit(const FilterEntry& entry, const FilterArgument& arg
 }
 
 /// Whether the range ends where the argument's type does.
-bool endsWithItsType(const FilterArgument& argument, End end) {
+bool endsWithItsType(const Argument& argument, End end) {
     if (argument.kind == ArgumentKind::Integer) {
         using Int = std::numeric_limits<std::int32_t>;
         return end == End::Least ? argument.least == Int::min() : argument.greatest == Int::max();
@@ -89,14 +90,14 @@ std::vector<ErrorNumber> errorsOf(const FilterEntry& entry, const Values& values
                                   const std::vector<Picture>& pictures) {
     std::vector<ErrorNumber> errors;
     for (const Picture& picture : pictures) {
-        const Outcome outcome = outcomeOf(entry, values, textureOf(1, 1), picture);
+        const FilterOutcome outcome = outcomeOf(entry, values, textureOf(1, 1), picture);
         if (outcome.error) errors.push_back(*outcome.error);
     }
     return errors;
 }
 
 /// These two limits need a picture or a proof of their own.
-bool isProvenApart(const FilterEntry& entry, const FilterArgument& argument, End end) {
+bool isProvenApart(const FilterEntry& entry, const Argument& argument, End end) {
     return (entry.name == "Pixelize" && end == End::Greatest) ||
            (argument.name == "xyStep" && end == End::Least);
 }
@@ -105,7 +106,7 @@ TEST(CatalogueLimits, BeyondEachLimitSomePictureFails) {
     const std::vector<Picture> pictures = lawPictures();
     for (const FilterEntry& entry : kFilterCatalogue) {
         std::size_t i = 0;
-        for (const FilterArgument& argument : entry.arguments()) {
+        for (const Argument& argument : entry.arguments()) {
             const std::size_t at = i++;
             for (const End end : {End::Least, End::Greatest}) {
                 if (endsWithItsType(argument, end) || isProvenApart(entry, argument, end)) continue;
@@ -114,7 +115,7 @@ TEST(CatalogueLimits, BeyondEachLimitSomePictureFails) {
                 Values values = presetsOf(entry);
                 values[at] = limit + outward;
                 if (const LooseLimit* loose = looseLimit(entry, argument, end)) values = loose->values;
-                SCOPED_TRACE(textOf(entry, values));
+                SCOPED_TRACE(callText(entry, values));
 
                 EXPECT_GT((values[at] - limit) * outward, 0) << "not beyond the limit";
                 EXPECT_FALSE(errorsOf(entry, values, pictures).empty());
@@ -131,7 +132,7 @@ TEST(CatalogueLimits, WhatARangeLeavesOutDividesByZero) {
     int tested = 0;
     for (const FilterEntry& entry : kFilterCatalogue) {
         std::size_t i = 0;
-        for (const FilterArgument& argument : entry.arguments()) {
+        for (const Argument& argument : entry.arguments()) {
             const std::size_t at = i++;
             if (!argument.except) continue;
             Values values = presetsOf(entry);
@@ -151,15 +152,13 @@ TEST(CatalogueLimits, HoldWhereSumsWrap) {
     const auto fails = [&](const FilterEntry& entry, double value) {
         return !errorsOf(entry, {value}, {white}).empty();
     };
-    const FilterEntry& contrast = kFilterCatalogue[2];
-    ASSERT_EQ(contrast.name, "Contrast");
+    const FilterEntry& contrast = entryOf("Contrast");
     EXPECT_FALSE(fails(contrast, contrast.arguments()[0].least));
     EXPECT_FALSE(fails(contrast, contrast.arguments()[0].greatest));
     EXPECT_TRUE(fails(contrast, -421902526));
     EXPECT_TRUE(fails(contrast, 421902426));
 
-    const FilterEntry& pixelize = kFilterCatalogue[13];
-    ASSERT_EQ(pixelize.name, "Pixelize");
+    const FilterEntry& pixelize = entryOf("Pixelize");
     EXPECT_FALSE(fails(pixelize, pixelize.arguments()[0].greatest));
     EXPECT_TRUE(fails(pixelize, pixelize.arguments()[0].greatest + 1));
 }

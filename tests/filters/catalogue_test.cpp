@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Every row of the catalogue against the common laws of the filters, by way of callFilter.
+// Every row of the catalogue against the common laws of the filters, by way of its call.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -10,7 +10,6 @@
 #include <string_view>
 #include <vector>
 
-#include "filters/FilterCall.hpp"
 #include "filters/FilterCatalogue.hpp"
 #include "platform/base/RuntimeError.hpp"
 #include "support/EventLog.hpp"
@@ -21,19 +20,20 @@
 namespace mobrel {
 namespace {
 
+using test::callText;
+using test::entryOf;
 using test::EventLog;
+using test::FilterOutcome;
 using test::lawPictures;
-using test::Outcome;
 using test::outcomeOf;
 using test::Picture;
 using test::Pixel;
 using test::presetsOf;
-using test::textOf;
 using test::textureOf;
 using test::Values;
 
 /// Where a range ends, and both sides of what it leaves out.
-std::vector<double> extremesOf(const FilterArgument& argument) {
+std::vector<double> extremesOf(const Argument& argument) {
     std::vector<double> extremes = {argument.least, argument.greatest};
     if (argument.except) {
         extremes.push_back(*argument.except - 1);
@@ -46,7 +46,7 @@ std::vector<double> extremesOf(const FilterArgument& argument) {
 std::vector<Values> extremeValues(const FilterEntry& entry) {
     std::vector<Values> all = {Values{}};
     std::size_t i = 0;
-    for (const FilterArgument& argument : entry.arguments()) {
+    for (const Argument& argument : entry.arguments()) {
         std::vector<Values> longer;
         for (Values values : all) {
             for (const double extreme : extremesOf(argument)) {
@@ -85,9 +85,9 @@ TEST(Catalogue, HoldsItsLawsWhereRangesEnd) {
     for (const FilterEntry& entry : kFilterCatalogue) {
         bool ringChanged = false;
         for (const Values& values : extremeValues(entry)) {
-            SCOPED_TRACE(textOf(entry, values));
+            SCOPED_TRACE(callText(entry, values));
             for (const Picture& picture : pictures) {
-                const Outcome outcome = outcomeOf(entry, values, texture, picture);
+                const FilterOutcome outcome = outcomeOf(entry, values, texture, picture);
                 ASSERT_FALSE(outcome.error) << picture.width << 'x' << picture.height;
                 ASSERT_TRUE(keepsByte3(outcome.picture));
                 ringChanged = ringChanged || ringDiffers(picture, outcome.picture);
@@ -99,7 +99,7 @@ TEST(Catalogue, HoldsItsLawsWhereRangesEnd) {
 
 TEST(Catalogue, PresetsLieInTheirRanges) {
     for (const FilterEntry& entry : kFilterCatalogue) {
-        for (const FilterArgument& argument : entry.arguments()) {
+        for (const Argument& argument : entry.arguments()) {
             if (!argument.preset) continue;
             EXPECT_GE(*argument.preset, argument.least) << entry.name << ' ' << argument.name;
             EXPECT_LE(*argument.preset, argument.greatest) << entry.name << ' ' << argument.name;
@@ -161,7 +161,7 @@ std::vector<Values> cadenceValues(const FilterEntry& entry) {
     std::vector<Values> all = {presetsOf(entry)};
     for (std::size_t i = 0; i < entry.argumentCount; ++i) {
         Values values = presetsOf(entry);
-        const FilterArgument& argument = entry.arguments()[i];
+        const Argument& argument = entry.arguments()[i];
         if (argument.kind == ArgumentKind::Boolean) values[i] = 1 - values[i];
         if (argument.name.ends_with("Step")) values[i] = 3;
         if (values != all.front()) all.push_back(values);
@@ -172,13 +172,13 @@ std::vector<Values> cadenceValues(const FilterEntry& entry) {
 TEST(Catalogue, EventsFollowTheCadence) {
     for (const FilterEntry& entry : kFilterCatalogue) {
         for (const Values& values : cadenceValues(entry)) {
-            SCOPED_TRACE(textOf(entry, values));
+            SCOPED_TRACE(callText(entry, values));
             for (int height = 1; height <= 13; ++height) {
                 const Picture texture = textureOf(2, 1 + height % 5);
                 const Rows rows = rowsOf(entry, stepOf(entry, values, texture), height);
                 const bool isRelief = entry.name == "Emboss" || entry.name == "Engrave";
                 const bool reliefIsCut = isRelief && values[1] == 0;
-                const Outcome outcome = outcomeOf(entry, values, texture, textureOf(5, height));
+                const FilterOutcome outcome = outcomeOf(entry, values, texture, textureOf(5, height));
                 EXPECT_EQ(outcome.events, expectedEvents(entry, rows, reliefIsCut)) << "height " << height;
             }
         }
@@ -219,7 +219,7 @@ Values distinctValues(const FilterEntry& entry) {
     return {};
 }
 
-TEST(FilterCall, RunsTheOperationOfTheNameWithItsArgumentsInOrder) {
+TEST(Catalogue, CallsTheOperationOfTheNameWithItsArgumentsInOrder) {
     const Picture picture = textureOf(40, 30);
     const Picture texture = textureOf(7, 5);
     for (const FilterEntry& entry : kFilterCatalogue) {
@@ -233,24 +233,21 @@ TEST(FilterCall, RunsTheOperationOfTheNameWithItsArgumentsInOrder) {
     }
 }
 
-TEST(FilterCall, RefusesWhatIsNotThere) {
+TEST(Catalogue, RefusesATextureThatIsNotThere) {
     cDIB surface;
     toSurface(textureOf(2, 2), surface);
     cDIBFilter filter;
-    for (const int slot : {-1, 0, 28, 27}) {  // 27 without a texture
-        try {
-            callFilter(slot, filter, surface, {});
-            ADD_FAILURE() << slot << ": no error";
-        } catch (const RuntimeError& error) {
-            EXPECT_EQ(error.number(), ErrorNumber::InvalidCall) << slot;
-        }
+    try {
+        entryOf("Texturize").apply(filter, surface, {});
+        ADD_FAILURE() << "no error";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.number(), ErrorNumber::InvalidCall);
     }
 }
 
-TEST(FilterCall, AnEmptyTextureDoesNothing) {
-    const FilterEntry& texturize = kFilterCatalogue.back();
+TEST(Catalogue, AnEmptyTextureDoesNothing) {
     const Picture picture = textureOf(3, 3);
-    const Outcome outcome = outcomeOf(texturize, {}, Picture(), picture);
+    const FilterOutcome outcome = outcomeOf(entryOf("Texturize"), {}, Picture(), picture);
     EXPECT_EQ(outcome.picture, picture);
     EXPECT_EQ(outcome.events, "");
 }

@@ -3,12 +3,9 @@
 // has, and with none.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <iterator>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,8 +20,8 @@
 namespace mobrel {
 namespace {
 
+using test::callText;
 using test::firstDifference;
-using test::textOf;
 
 /// The presets, and an argument that makes colours clip.
 test::Values valuesOf(const FilterEntry& entry) {
@@ -39,9 +36,9 @@ void expectRecipes(const test::Picture& picture, const test::Picture& texture) {
         test::Picture expected = picture;
         test::EventLog log;
         recipes::callRecipe(entry.name, expected, values, texture, log);
-        const test::Outcome outcome = test::outcomeOf(entry, values, texture, picture);
-        ASSERT_EQ(firstDifference(expected, outcome.picture), "") << textOf(entry, values);
-        ASSERT_EQ(log.toString(), outcome.events) << textOf(entry, values);
+        const test::FilterOutcome outcome = test::outcomeOf(entry, values, texture, picture);
+        ASSERT_EQ(firstDifference(expected, outcome.picture), "") << callText(entry, values);
+        ASSERT_EQ(log.toString(), outcome.events) << callText(entry, values);
     }
 }
 
@@ -102,14 +99,6 @@ test::Picture gridOfColours() {
     return picture;
 }
 
-const FilterEntry& entryOf(std::string_view name) {
-    const auto* const entry =
-        std::find_if(std::begin(kFilterCatalogue), std::end(kFilterCatalogue),
-                     [&](const FilterEntry& candidate) { return candidate.name == name; });
-    if (entry == std::end(kFilterCatalogue)) throw std::invalid_argument(std::string(name));
-    return *entry;
-}
-
 /// Colours at the very edge of a tolerance are among the grid: red and yellow differ by a hue of 1, pure
 /// colours and greys by a saturation of 1.
 TEST(Processors, AllSelectTheSameColours) {
@@ -135,13 +124,13 @@ TEST(Processors, AllSelectTheSameColours) {
     const test::Picture picture = gridOfColours();
     const test::Picture texture = test::textureOf(5, 3);
     for (const Selection& selection : selections) {
-        const FilterEntry& entry = entryOf(selection.operation);
-        SCOPED_TRACE(textOf(entry, selection.values));
+        const FilterEntry& entry = test::entryOf(selection.operation);
+        SCOPED_TRACE(callText(entry, selection.values));
         test::Picture expected = picture;
         test::EventLog log;
         recipes::callRecipe(entry.name, expected, selection.values, texture, log);
         test::forEachTarget([&] {
-            const test::Outcome outcome = test::outcomeOf(entry, selection.values, texture, picture);
+            const test::FilterOutcome outcome = test::outcomeOf(entry, selection.values, texture, picture);
             ASSERT_EQ(firstDifference(expected, outcome.picture), "");
         });
     }

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/base/NumberText.hpp"
 #include "programs/batch/steps/Failure.hpp"
-#include "programs/batch/steps/MessageText.hpp"
 #include "programs/batch/steps/StepText.hpp"
 
 namespace mobrel::batch {
@@ -133,13 +133,13 @@ TEST(StepText, isRefusedWithAReason) {
 }
 
 // The text of a step that gives `value` to one argument and least values to the others.
-std::string textWith(const StepKind& kind, const StepArgument& argument, double value) {
+std::string textWith(const StepKind& kind, const Argument& argument, double value) {
     std::string text(kind.name);
     char separator = ':';
-    for (const StepArgument& other : kind.arguments) {
+    for (const Argument& other : kind.arguments) {
         const double number = &other == &argument ? value : other.least;
         text += separator + std::string(other.name) + "=";
-        text += other.kind == ValueKind::Rgb ? "#000000" : decimalOf(number);
+        text += other.kind == ArgumentKind::Rgb ? "#000000" : textOf(number);
         separator = ',';
     }
     return text;
@@ -148,8 +148,8 @@ std::string textWith(const StepKind& kind, const StepArgument& argument, double 
 TEST(StepText, takesEveryArgumentToItsLimitsAndNotBeyond) {
     int limited = 0;
     for (const StepKind& kind : stepKinds()) {
-        for (const StepArgument& argument : kind.arguments) {
-            if (argument.kind >= ValueKind::Rgb) continue;  // these are no ranges of numbers
+        for (const Argument& argument : kind.arguments) {
+            if (argument.kind >= ArgumentKind::Rgb) continue;  // these are no ranges of numbers
             ++limited;
             for (const double value : {argument.least, argument.greatest}) {
                 EXPECT_EQ(refusalOf(textWith(kind, argument, value)), "");

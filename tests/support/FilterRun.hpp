@@ -2,13 +2,15 @@
 // Runs an operation of the catalogue on a plain picture.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <optional>
+#include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
-#include "filters/FilterCall.hpp"
 #include "filters/FilterCatalogue.hpp"
 #include "platform/base/RuntimeError.hpp"
 #include "support/EventLog.hpp"
@@ -16,17 +18,24 @@
 
 namespace mobrel::test {
 
-/// Arguments as in FilterValues.
-using Values = std::array<double, 5>;
+/// As in ArgumentValues.
+using Values = std::array<double, kMostArguments>;
 
-struct Outcome {
+/// std::invalid_argument for a name that no operation has.
+inline const FilterEntry& entryOf(std::string_view name) {
+    const auto* const entry = std::ranges::find(kFilterCatalogue, name, &FilterEntry::name);
+    if (entry == kFilterCatalogue.end()) throw std::invalid_argument(std::string(name));
+    return *entry;
+}
+
+struct FilterOutcome {
     Picture picture;
     std::string events;
     std::optional<ErrorNumber> error;
 };
 
-inline Outcome outcomeOf(const FilterEntry& entry, const Values& values, const Picture& texture,
-                         const Picture& picture) {
+inline FilterOutcome outcomeOf(const FilterEntry& entry, const Values& values, const Picture& texture,
+                               const Picture& picture) {
     cDIB textureSurface;
     toSurface(texture, textureSurface);
     cDIB surface;
@@ -37,7 +46,7 @@ inline Outcome outcomeOf(const FilterEntry& entry, const Values& values, const P
     log.attach(filter);
     std::optional<ErrorNumber> error;
     try {
-        callFilter(entry.slot, filter, surface, {values, &textureSurface});
+        entry.apply(filter, surface, {values, &textureSurface});
     } catch (const RuntimeError& thrown) {
         error = thrown.number();
     }
@@ -53,11 +62,11 @@ inline Picture textureOf(int width, int height) {
 inline Values presetsOf(const FilterEntry& entry) {
     Values values{};
     std::size_t i = 0;
-    for (const FilterArgument& argument : entry.arguments()) values[i++] = argument.preset.value_or(0);
+    for (const Argument& argument : entry.arguments()) values[i++] = argument.preset.value_or(0);
     return values;
 }
 
-inline std::string textOf(const FilterEntry& entry, const Values& values) {
+inline std::string callText(const FilterEntry& entry, const Values& values) {
     std::string text(entry.name);
     for (std::size_t i = 0; i < entry.argumentCount; ++i) text += ' ' + std::to_string(values[i]);
     return text;

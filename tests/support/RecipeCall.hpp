@@ -10,7 +10,7 @@
 
 namespace mobrel::recipes {
 
-/// Values stand as in FilterValues. Random numbers come from a source of their own, fresh at each call.
+/// Values stand as in ArgumentValues. Random numbers come from a source of their own, fresh at each call.
 /// std::invalid_argument for a name that has no recipe.
 void callRecipe(std::string_view name, test::Picture& D, const std::array<double, 5>& values,
                 const test::Picture& texture, test::EventLog& log);

@@ -1,32 +1,17 @@
 // SPDX-License-Identifier: MIT
 // Prints the catalogue of filters as JSON, for checks of what is written about it.
-#include <array>
-#include <charconv>
+#include <cstddef>
 #include <cstdio>
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "filters/FilterCatalogue.hpp"
+#include "platform/base/JsonText.hpp"
+#include "platform/base/NumberText.hpp"
 
 namespace {
 
 using namespace mobrel;
-
-std::string quoted(std::string_view text) {
-    std::string json = "\"";
-    for (const char c : text) {
-        if (c == '"' || c == '\\') json += '\\';
-        json += c;
-    }
-    return json + '"';
-}
-
-std::string textOf(double number) {
-    std::array<char, 32> text{};
-    return {text.data(),
-            std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed).ptr};
-}
 
 const char* nameOf(ArgumentKind kind) {
     switch (kind) {
@@ -38,6 +23,8 @@ const char* nameOf(ArgumentKind kind) {
             return "boolean";
         case ArgumentKind::Rgb:
             return "colour";
+        case ArgumentKind::Choice:
+            return "choice";
         case ArgumentKind::Texture:
             break;
     }
@@ -66,31 +53,31 @@ std::string numberOrNull(const std::optional<double>& value) {
     return value ? textOf(*value) : "null";
 }
 
-std::string jsonOf(const FilterArgument& argument) {
-    return "{\"name\": " + quoted(argument.name) + ", \"kind\": " + quoted(nameOf(argument.kind)) +
+std::string jsonOf(const Argument& argument) {
+    return "{\"name\": " + jsonString(argument.name) + ", \"kind\": " + jsonString(nameOf(argument.kind)) +
            ", \"least\": " + textOf(argument.least) + ", \"greatest\": " + textOf(argument.greatest) +
            ", \"preset\": " + numberOrNull(argument.preset) +
            ", \"except\": " + numberOrNull(argument.except) + "}";
 }
 
-std::string jsonOf(const FilterEntry& entry) {
+std::string jsonOf(std::size_t slot, const FilterEntry& entry) {
     std::string arguments;
-    for (const FilterArgument& argument : entry.arguments()) {
+    for (const Argument& argument : entry.arguments()) {
         if (!arguments.empty()) arguments += ", ";
         arguments += jsonOf(argument);
     }
-    return "{\"slot\": " + std::to_string(entry.slot) + ", \"name\": " + quoted(entry.name) +
-           ", \"border\": " + quoted(nameOf(entry.border)) +
-           ", \"progress\": " + quoted(nameOf(entry.cadence)) + ", \"arguments\": [" + arguments + "]}";
+    return "{\"slot\": " + std::to_string(slot) + ", \"name\": " + jsonString(entry.name) +
+           ", \"border\": " + jsonString(nameOf(entry.border)) +
+           ", \"progress\": " + jsonString(nameOf(entry.cadence)) + ", \"arguments\": [" + arguments + "]}";
 }
 
 }  // namespace
 
 int main() {
     std::string list;
-    for (const FilterEntry& entry : kFilterCatalogue) {
+    for (std::size_t i = 0; i < kFilterCount; ++i) {
         if (!list.empty()) list += ",\n ";
-        list += jsonOf(entry);
+        list += jsonOf(i + 1, kFilterCatalogue[i]);
     }
     std::printf("[%s]\n", list.c_str());
     return 0;

@@ -10,7 +10,6 @@
 
 #include "programs/batch/run/Interrupt.hpp"
 #include "programs/batch/run/Options.hpp"
-#include "programs/batch/run/Outcome.hpp"
 #include "programs/batch/run/Report.hpp"
 #include "programs/batch/run/Run.hpp"
 #include "programs/batch/run/Task.hpp"
@@ -31,15 +30,13 @@ void fillStandardStreams() {
 }
 
 int runBatch(const Options& options) {
-    const Work work = prepareWork(options);
+    const std::vector<StepAction> steps = prepareSteps(options);
     const std::vector<Task> tasks = planTasks(options);
     if (options.fromStandardInput) {
         endAtInterrupt(options.quiet ? "" : "0 done, 0 failed, 1 not done\n");
     }
     Report report(tasks.size(), options);
-    runTasks(
-        tasks, {options.jobs, options.stopOnError}, [&](const Task& task) { return doPicture(task, work); },
-        [&](const Task& task, const Outcome& outcome) { return report.add(task, outcome); });
+    runTasks(tasks, steps, options, report);
     report.finish();
     if (interrupted()) return kInterruptStatus;
     return report.allDone() ? 0 : 1;

@@ -11,6 +11,7 @@
 #include <thread>
 
 #include "programs/batch/run/StepList.hpp"
+#include "programs/batch/steps/ArgumentText.hpp"
 #include "programs/batch/steps/Failure.hpp"
 #include "programs/batch/steps/Formats.hpp"
 #include "programs/batch/steps/MessageText.hpp"
@@ -30,21 +31,17 @@ constexpr const char* kFooter =
     "Exit status: 0 all done, 1 some pictures failed, 2 wrong usage, 130 stopped by a signal.\n"
     "Example: mobrel-batch -o out Sharpen Contrast:Level=20 -- *.bmp";
 
-// The options as they are written.
+// The options as they are written; those that are taken as they stand are in `options` already.
 struct Written {
+    Options options;
     Texts steps;
-    std::string folder;
     std::optional<std::string> format;
     std::optional<std::string> jobs;
     std::optional<std::string> maxPixels;
     std::optional<std::string> quality;
     std::optional<std::string> background;
-    bool keepOrientation = false;
     bool inPlace = false;
     bool force = false;
-    bool stopOnError = false;
-    bool json = false;
-    bool quiet = false;
     bool list = false;
     bool info = false;
 };
@@ -65,7 +62,8 @@ void declareOptions(CLI::App& app, Written& written) {
     app.set_help_flag("-h,--help", "Print this and exit");
     app.set_version_flag("--version", "mobrel-batch " MOBREL_VERSION, "Print the version and exit");
     app.allow_extras();  // the steps, as they stand: an option of several texts takes brackets for a list
-    app.add_option("-o,--output", written.folder, "Put the results into a folder, under the pictures' names")
+    app.add_option("-o,--output", written.options.folder,
+                   "Put the results into a folder, under the pictures' names")
         ->type_name("DIR");
     app.add_flag("--in-place", written.inPlace, "Put each result in the place of its picture");
     app.add_option("-f,--format", written.format,
@@ -76,16 +74,16 @@ void declareOptions(CLI::App& app, Written& written) {
     app.add_option("-j,--jobs", written.jobs, "Pictures at once; as many as processors without it")
         ->type_name("JOBS");
     app.add_flag("--force", written.force, "With -o, replace files that are there already");
-    app.add_flag("--stop-on-error", written.stopOnError, "Begin no picture after one that failed");
+    app.add_flag("--stop-on-error", written.options.stopOnError, "Begin no picture after one that failed");
     app.add_option("--max-pixels", written.maxPixels, "Refuse pictures of more than N pixels")
         ->type_name("N");
     app.add_option("--background", written.background,
                    "What shows through transparent pixels; black without it")
         ->type_name("#RRGGBB");
-    app.add_flag("--keep-orientation", written.keepOrientation,
+    app.add_flag("--keep-orientation", written.options.keepOrientation,
                  "Leave pictures as they are stored, whatever they say of the camera");
-    app.add_flag("--json", written.json, "Tell of each picture in a line of JSON on standard output");
-    app.add_flag("--quiet", written.quiet, "No progress, no notes and no count at the end");
+    app.add_flag("--json", written.options.json, "Tell of each picture in a line of JSON on standard output");
+    app.add_flag("--quiet", written.options.quiet, "No progress, no notes and no count at the end");
     app.add_flag("--info", written.info, "Do no step: tell size, depth and colours of each picture");
     app.add_flag("--list", written.list, "Print all steps with their arguments and exit");
 }
@@ -132,7 +130,7 @@ ReadOptions readingOf(const Written& written) {
     return reading;
 }
 
-const PictureFormat* formatOf(const std::optional<std::string>& written) {
+const PictureFormat* requestedFormat(const std::optional<std::string>& written) {
     if (!written) return nullptr;
     const PictureFormat* const format = formatNamed(*written);
     if (format == nullptr) {
@@ -148,15 +146,15 @@ void checkFolder(const std::string& folder) {
 }
 
 void checkPipe(const Written& written) {
-    if (!written.folder.empty() || written.inPlace) {
+    if (!written.options.folder.empty() || written.inPlace) {
         throw UsageError("- goes to standard output, not to -o or --in-place");
     }
-    if (written.json) throw UsageError("with - standard output is for the picture, not for --json");
+    if (written.options.json) throw UsageError("with - standard output is for the picture, not for --json");
 }
 
 void checkInfo(const Written& written) {
     if (!written.steps.empty()) throw UsageError("with --info there can be no step");
-    if (!written.folder.empty() || written.inPlace || written.format) {
+    if (!written.options.folder.empty() || written.inPlace || written.format) {
         throw UsageError("--info has no results for -o, --in-place or -f");
     }
 }
@@ -175,12 +173,13 @@ Placement placementOf(const Written& written, bool fromStandardInput) {
     }
     if (written.inPlace && written.format)
         throw UsageError("--in-place keeps each picture's format; -f needs -o");
-    if (written.inPlace && !written.folder.empty()) {
+    if (written.inPlace && !written.options.folder.empty()) {
         throw UsageError("-o and --in-place do not go together");
     }
     if (written.inPlace) return Placement::InPlace;
-    if (written.folder.empty()) throw UsageError("where do the results go? Give -o DIR or --in-place");
-    checkFolder(written.folder);
+    if (written.options.folder.empty())
+        throw UsageError("where do the results go? Give -o DIR or --in-place");
+    checkFolder(written.options.folder);
     return written.force ? Placement::Over : Placement::Beside;
 }
 
@@ -191,20 +190,15 @@ Options optionsOf(const Written& written, Texts pictures) {
         throw UsageError("no step given (--list shows all); only -f goes without");
     }
     if (pictures.empty()) throw UsageError("no picture given; pictures stand behind --");
-    Options options;
+    Options options = written.options;
     for (const std::string& text : written.steps) options.steps.push_back(parseStep(text));
     options.fromStandardInput = readsStandardInput(pictures);
     options.placement = placementOf(written, options.fromStandardInput);
     options.pictures = std::move(pictures);
-    options.folder = written.folder;
-    options.format = formatOf(written.format);
+    options.format = requestedFormat(written.format);
     options.quality = qualityOf(written.quality);
     options.jobs = jobsOf(written.jobs);
     options.reading = readingOf(written);
-    options.keepOrientation = written.keepOrientation;
-    options.stopOnError = written.stopOnError;
-    options.json = written.json;
-    options.quiet = written.quiet;
     return options;
 }
 

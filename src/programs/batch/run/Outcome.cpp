@@ -7,6 +7,7 @@
 #include <chrono>
 #include <exception>
 #include <new>
+#include <span>
 
 #include "filters/cDIBFilter.hpp"
 #include "platform/base/RandomSource.hpp"
@@ -17,7 +18,6 @@
 #include "programs/batch/steps/Failure.hpp"
 #include "programs/batch/steps/Formats.hpp"
 #include "programs/batch/steps/GeometrySteps.hpp"
-#include "programs/batch/steps/MessageText.hpp"
 #include "programs/batch/steps/PictureFile.hpp"
 
 namespace mobrel::batch {
@@ -30,28 +30,28 @@ void stopWhenInterrupted() {
     if (interrupted()) throw Interrupted();
 }
 
-void readPicture(const Task& task, const Work& work, Document& document) {
+void readPicture(const Task& task, const Options& options, Document& document) {
     if (task.picture != kStandardStream) {
-        return readPictureFile(task.picture, work.reading, document);
+        return readPictureFile(task.picture, options.reading, document);
     }
     FileSource source = FileSource::borrowed(STDIN_FILENO);
-    readDocument(source, work.reading, document);
+    readDocument(source, options.reading, document);
 }
 
-void applySteps(const Work& work, Document& document) {
+void applySteps(std::span<const StepAction> steps, Document& document) {
     RandomSource random;
     cDIBFilter filter(random);
     filter.Progress.connect([](std::int32_t) { stopWhenInterrupted(); });
     document.indices.Progress.connect([](std::int32_t) { stopWhenInterrupted(); });
-    for (const StepAction& step : work.steps) {
+    for (const StepAction& step : steps) {
         stopWhenInterrupted();
         step(document, filter);
     }
     stopWhenInterrupted();
 }
 
-const PictureFormat& resultFormat(const Work& work, const Document& document) {
-    return work.format ? *work.format : formatOf(document.format);
+const PictureFormat& resultFormat(const Options& options, const Document& document) {
+    return options.format ? *options.format : formatFor(document.format);
 }
 
 void checkSides(const cDIB& surface, const PictureFormat& format) {
@@ -72,11 +72,11 @@ std::string noteOn(const Document& document) {
     return note;
 }
 
-void writeResult(const Task& task, const Work& work, const Document& document) {
-    const PictureFormat& format = resultFormat(work, document);
+void writeResult(const Task& task, const Options& options, const Document& document) {
+    const PictureFormat& format = resultFormat(options, document);
     checkSides(document.surface, format);
-    const auto write = [&](FileWriter& file) { format.write(file, document, work.quality); };
-    switch (work.placement) {
+    const auto write = [&](FileWriter& file) { format.write(file, document, options.quality); };
+    switch (options.placement) {
         case Placement::Beside:
             return writeBeside(task.target, write);
         case Placement::Over:
@@ -90,52 +90,27 @@ void writeResult(const Task& task, const Work& work, const Document& document) {
     }
 }
 
-void doSteps(const Task& task, const Work& work, Outcome& outcome) {
+void tryTask(const Task& task, std::span<const StepAction> steps, const Options& options, Outcome& outcome) {
     if (!task.refusal.empty()) throw Failure(task.refusal);
     Document document;
-    if (work.placement == Placement::Beside) checkFree(task.target);
-    readPicture(task, work, document);
+    if (options.placement == Placement::Beside) checkFree(task.target);
+    readPicture(task, options, document);
     outcome.note = noteOn(document);
-    if (!work.keepOrientation) turnUpright(document, document.orientation);
-    applySteps(work, document);
-    writeResult(task, work, document);
-    if (work.placement == Placement::Nowhere) outcome.info = infoOf(document);
+    if (!options.keepOrientation) turnUpright(document, document.orientation);
+    applySteps(steps, document);
+    writeResult(task, options, document);
+    const bool isResult = options.placement != Placement::Nowhere;
+    if (!isResult) outcome.info = infoOf(document);
     outcome.width = document.surface.Width();
     outcome.height = document.surface.Height();
-    const bool isResult = work.placement != Placement::Nowhere;
-    outcome.depth = isResult ? resultFormat(work, document).depthOf(document) : document.depth;
+    const int depth = document.depth;
+    outcome.depth = isResult ? resultFormat(options, document).depth.value_or(depth) : depth;
     outcome.status = Status::Done;
-}
-
-StepAction prepareStep(const Step& step, const ReadOptions& reading) {
-    try {
-        return step.kind->prepare(step.values, reading);
-    } catch (const std::bad_alloc&) {
-        throw;
-    } catch (const UsageError&) {
-        throw;
-    } catch (const std::exception& error) {
-        throw UsageError(onOneLine(step.values.file) + ": " + error.what());
-    }
 }
 
 }  // namespace
 
-Work prepareWork(const Options& options) {
-    Work work;
-    for (const Step& step : options.steps) {
-        if (interrupted()) break;
-        work.steps.push_back(prepareStep(step, options.reading));
-    }
-    work.format = options.format;
-    work.placement = options.placement;
-    work.quality = options.quality;
-    work.reading = options.reading;
-    work.keepOrientation = options.keepOrientation;
-    return work;
-}
-
-Outcome doPicture(const Task& task, const Work& work) {
+Outcome doTask(const Task& task, std::span<const StepAction> steps, const Options& options) {
     using Clock = std::chrono::steady_clock;
     const Clock::time_point start = Clock::now();
     Outcome outcome;
@@ -144,7 +119,7 @@ Outcome doPicture(const Task& task, const Work& work) {
         outcome.error = reason;
     };
     try {
-        doSteps(task, work, outcome);
+        tryTask(task, steps, options, outcome);
     } catch (const Interrupted&) {
         outcome.status = Status::NotDone;
     } catch (const std::bad_alloc&) {

@@ -66,10 +66,7 @@ bool printOutput(const std::string& text) {
 }
 
 Report::Report(std::size_t total, const Options& options)
-    : m_total(total),
-      m_json(options.json),
-      m_quiet(options.quiet),
-      m_onTerminal(!options.quiet && canWriteOver(STDERR_FILENO)) {
+    : m_total(total), m_options(options), m_onTerminal(!options.quiet && canWriteOver(STDERR_FILENO)) {
     showProgress();
 }
 
@@ -80,7 +77,7 @@ bool Report::add(const Task& task, const Outcome& outcome) {
         hideProgress();
         printError(onOneLine(task.picture) + ": " + onOneLine(outcome.error));
     }
-    if (!outcome.note.empty() && !m_quiet) {
+    if (!outcome.note.empty() && !m_options.quiet) {
         hideProgress();
         printError(onOneLine(task.picture) + ": " + outcome.note);
     }
@@ -91,7 +88,7 @@ bool Report::add(const Task& task, const Outcome& outcome) {
 
 void Report::finish() {
     hideProgress();
-    if (m_quiet) return;
+    if (m_options.quiet) return;
     std::string text = countText();
     const std::size_t notDone = m_total - m_done - m_failed;
     if (notDone > 0) text += ", " + std::to_string(notDone) + " not done";
@@ -99,7 +96,7 @@ void Report::finish() {
 }
 
 std::string Report::outputFor(const Task& task, const Outcome& outcome) const {
-    if (m_json) return jsonLine(task, outcome) + "\n";
+    if (m_options.json) return jsonLine(task, outcome) + "\n";
     return outcome.info ? infoText(task.picture, *outcome.info) : std::string();
 }
 

@@ -23,6 +23,7 @@ bool printOutput(const std::string& text);
 /// when standard error is a terminal that can do so. Not for several threads at once.
 class Report {
  public:
+    /// The options must live as long as the report.
     Report(std::size_t total, const Options& options);
 
     /// False when standard output, which is wanted, cannot be written.
@@ -45,8 +46,7 @@ class Report {
     std::string countText() const;
 
     std::size_t m_total;
-    bool m_json;
-    bool m_quiet;
+    const Options& m_options;
     bool m_onTerminal;
 
     std::size_t m_done = 0;

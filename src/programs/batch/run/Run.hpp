@@ -1,31 +1,24 @@
 // SPDX-License-Identifier: MIT
-// Several pictures at once.
+// All tasks of a run, several at once.
 #pragma once
 
-#include <functional>
+#include <span>
 #include <vector>
 
-#include "programs/batch/run/Outcome.hpp"
+#include "programs/batch/run/Options.hpp"
+#include "programs/batch/run/Report.hpp"
 #include "programs/batch/run/Task.hpp"
+#include "programs/batch/steps/StepKinds.hpp"
 
 namespace mobrel::batch {
 
-/// When not all tasks are to be run to the end.
-struct JobLimits {
-    /// Tasks at once, at least 1.
-    unsigned jobs = 1;
-    /// No task is begun after one that failed.
-    bool stopOnError = false;
-};
+/// Makes the steps ready to run, up to an interrupt. Throws UsageError when one names a file that cannot
+/// be read.
+std::vector<StepAction> prepareSteps(const Options& options);
 
-/// Does one task; called from several threads at once.
-using DoTask = std::function<Outcome(const Task&)>;
-
-/// Hears what became of each task, in the order of the tasks, one call at a time. False when nobody hears
-/// it any more: no further task is begun then.
-using HearOutcome = std::function<bool(const Task&, const Outcome&)>;
-
-/// Runs the tasks. An interrupt ends it early; every task is heard of all the same.
-void runTasks(const std::vector<Task>& tasks, JobLimits limits, const DoTask& work, const HearOutcome& hear);
+/// Does the tasks and reports each, in their order. No task is begun after an interrupt, after one that
+/// failed with --stop-on-error, or once the report cannot be written; those are reported as not done.
+void runTasks(std::span<const Task> tasks, std::span<const StepAction> steps, const Options& options,
+              Report& report);
 
 }  // namespace mobrel::batch

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "programs/batch/steps/ArgumentText.hpp"
 #include "programs/batch/steps/StepKinds.hpp"
 
 namespace mobrel::batch {
@@ -20,11 +21,11 @@ std::string listLine(std::string left, std::string_view right) {
     return left;
 }
 
-std::string argumentLine(const StepArgument& argument) {
+std::string argumentLine(const Argument& argument) {
     std::string left = "    " + std::string(argument.name);
     std::string right = requirementOf(argument);
     if (argument.preset) {
-        left += "=" + textOf(argument, *argument.preset);
+        left += "=" + valueText(argument, *argument.preset);
     } else if (!argument.isOptional) {
         right += "; must be given";
     }
@@ -37,7 +38,7 @@ std::string stepList() {
     std::string list;
     for (const StepKind& kind : stepKinds()) {
         list += listLine(std::string(kind.name), kind.meaning);
-        for (const StepArgument& argument : kind.arguments) list += argumentLine(argument);
+        for (const Argument& argument : kind.arguments) list += argumentLine(argument);
     }
     return list;
 }

@@ -57,8 +57,7 @@ void refuseTargetsThatArePictures(std::vector<Task>& tasks) {
     for (Task& task : tasks) {
         const auto found = taskOfPicture.find(withoutLinks(task.target));
         if (found == taskOfPicture.end() || found->second->picture == task.picture) continue;
-        if (task.refusal.empty())
-            task.refusal = "its target is the picture " + onOneLine(found->second->picture);
+        task.refusal = "its target is the picture " + onOneLine(found->second->picture);
     }
 }
 

@@ -18,7 +18,7 @@ struct Task {
 };
 
 /// One task a picture, in their order. Of pictures that share a target all but the first are refused, and
-/// those whose target is another picture: the result would hang on which is faster.
+/// those whose target is another picture: the result would depend on which is faster.
 std::vector<Task> planTasks(const Options& options);
 
 }  // namespace mobrel::batch

@@ -2,33 +2,17 @@
 #include "programs/batch/steps/ArgumentText.hpp"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstddef>
-#include <cstdint>
+#include <span>
 
 #include "platform/base/AsciiText.hpp"
 #include "platform/base/NumberText.hpp"
-#include "programs/batch/steps/MessageText.hpp"
 
 namespace mobrel::batch {
 
 namespace {
-
-ValueKind kindOf(ArgumentKind kind) {
-    switch (kind) {
-        case ArgumentKind::Integer:
-            return ValueKind::Integer;
-        case ArgumentKind::Float:
-            return ValueKind::Float;
-        case ArgumentKind::Boolean:
-            return ValueKind::Boolean;
-        case ArgumentKind::Rgb:
-            return ValueKind::Rgb;
-        case ArgumentKind::Texture:
-            break;
-    }
-    return ValueKind::File;
-}
 
 // The place of the word in the list.
 std::optional<double> choiceOf(std::span<const std::string_view> words, std::string_view text) {
@@ -45,40 +29,33 @@ std::optional<double> booleanOf(std::string_view text) {
     return std::fmod(*place, 2);
 }
 
-std::optional<std::uint32_t> hexDigitOf(char c) {
-    if (isAsciiDigit(c)) return static_cast<std::uint32_t>(c - '0');
-    const char letter = asciiLower(c);
-    if (letter < 'a' || letter > 'f') return std::nullopt;
-    return static_cast<std::uint32_t>(letter - 'a' + 10);
-}
-
 std::optional<double> wholeNumberOf(std::string_view text) {
     const std::optional<double> number = numberOf(text);
     return number && *number == std::floor(*number) ? number : std::nullopt;
 }
 
 // Whatever the range.
-std::optional<double> numberFor(const StepArgument& argument, std::string_view text) {
+std::optional<double> numberFor(const Argument& argument, std::string_view text) {
     switch (argument.kind) {
-        case ValueKind::Integer:
+        case ArgumentKind::Integer:
             return wholeNumberOf(text);
-        case ValueKind::Float:
+        case ArgumentKind::Float:
             return numberOf(text);
-        case ValueKind::Boolean:
+        case ArgumentKind::Boolean:
             return booleanOf(text);
-        case ValueKind::Rgb:
+        case ArgumentKind::Rgb:
             return colorOf(text);
-        case ValueKind::Choice:
+        case ArgumentKind::Choice:
             return choiceOf(argument.choices, text);
-        case ValueKind::File:
+        case ArgumentKind::Texture:
             break;
     }
-    return std::nullopt;
+    return text.empty() ? std::nullopt : std::optional(0.0);
 }
 
-std::string rangeOf(const StepArgument& argument) {
-    std::string words = decimalOf(argument.least) + " to " + decimalOf(argument.greatest);
-    if (argument.except) words += " but not " + decimalOf(*argument.except);
+std::string rangeOf(const Argument& argument) {
+    std::string words = textOf(argument.least) + " to " + textOf(argument.greatest);
+    if (argument.except) words += " but not " + textOf(*argument.except);
     return words;
 }
 
@@ -95,28 +72,13 @@ std::string listOf(std::span<const std::string_view> choices) {
 
 std::optional<std::uint32_t> colorOf(std::string_view text) {
     if (text.size() != 7 || text[0] != '#') return std::nullopt;
-    std::uint32_t color = 0;
-    for (std::size_t channel = 0; channel < 3; ++channel) {
-        const auto high = hexDigitOf(text[1 + 2 * channel]);
-        const auto low = hexDigitOf(text[2 + 2 * channel]);
-        if (!high || !low) return std::nullopt;
-        color |= (*high << 4 | *low) << (8 * channel);
-    }
-    return color;
+    std::uint32_t rgb = 0;
+    const char* const end = text.data() + text.size();
+    if (std::from_chars(text.data() + 1, end, rgb, 16).ptr != end) return std::nullopt;
+    return (rgb & 0xFF) << 16 | (rgb & 0xFF00) | rgb >> 16;
 }
 
-StepArgument stepArgument(const FilterArgument& argument) {
-    return {argument.name,     kindOf(argument.kind), argument.least,
-            argument.greatest, argument.preset,       argument.except};
-}
-
-StepArgument choiceArgument(std::string_view name, std::span<const std::string_view> choices) {
-    StepArgument argument{name, ValueKind::Choice, 0, static_cast<double>(choices.size()) - 1};
-    argument.choices = choices;
-    return argument;
-}
-
-std::optional<double> valueOf(const StepArgument& argument, std::string_view text) {
+std::optional<double> valueOf(const Argument& argument, std::string_view text) {
     const std::optional<double> value = numberFor(argument, text);
     if (!value || *value < argument.least || *value > argument.greatest || value == argument.except) {
         return std::nullopt;
@@ -124,30 +86,30 @@ std::optional<double> valueOf(const StepArgument& argument, std::string_view tex
     return value;
 }
 
-std::string textOf(const StepArgument& argument, double value) {
+std::string valueText(const Argument& argument, double value) {
     switch (argument.kind) {
-        case ValueKind::Boolean:
+        case ArgumentKind::Boolean:
             return value != 0 ? "true" : "false";
-        case ValueKind::Choice:
+        case ArgumentKind::Choice:
             return std::string(argument.choices[static_cast<std::size_t>(value)]);
         default:
-            return decimalOf(value);
+            return textOf(value);
     }
 }
 
-std::string requirementOf(const StepArgument& argument) {
+std::string requirementOf(const Argument& argument) {
     switch (argument.kind) {
-        case ValueKind::Integer:
+        case ArgumentKind::Integer:
             return "a whole number from " + rangeOf(argument);
-        case ValueKind::Float:
+        case ArgumentKind::Float:
             return "a number from " + rangeOf(argument);
-        case ValueKind::Boolean:
+        case ArgumentKind::Boolean:
             return "true or false";
-        case ValueKind::Rgb:
+        case ArgumentKind::Rgb:
             return "a colour as #RRGGBB";
-        case ValueKind::Choice:
+        case ArgumentKind::Choice:
             return listOf(argument.choices);
-        case ValueKind::File:
+        case ArgumentKind::Texture:
             break;
     }
     return "the path of a picture file";

@@ -6,41 +6,37 @@
 #include <memory>
 #include <optional>
 
-#include "filters/FilterCall.hpp"
+#include "filters/FilterCatalogue.hpp"
 #include "programs/batch/steps/PictureFile.hpp"
 
 namespace mobrel::batch {
 
 namespace {
 
-std::shared_ptr<const Document> readTexture(const std::string& path, const ReadOptions& reading) {
-    auto texture = std::make_shared<Document>();
-    readPictureFile(path, reading, *texture);
-    return texture;
-}
-
-StepAction prepareFilter(int slot, const StepValues& values, const ReadOptions& reading) {
-    FilterValues call;
-    std::ranges::transform(values.numbers, call.values.begin(),
+StepAction prepareFilter(const FilterEntry& entry, const StepValues& values, const ReadOptions& reading) {
+    ArgumentValues call;
+    std::ranges::transform(values.numbers, call.numbers.begin(),
                            [](std::optional<double> number) { return number.value_or(0); });
-    std::shared_ptr<const Document> texture;
+    std::shared_ptr<Document> texture;
     if (!values.file.empty()) {
-        texture = readTexture(values.file, reading);
+        texture = std::make_shared<Document>();
+        readPictureFile(values.file, reading, *texture);
         call.texture = &texture->surface;
     }
-    return [slot, call, texture](Document& document, cDIBFilter& filter) {
+    return [apply = entry.apply, call, texture](Document& document, cDIBFilter& filter) {
         document.dropPalette();
-        callFilter(slot, filter, document.surface, call);
+        apply(filter, document.surface, call);
     };
 }
 
 StepKind filterStep(const FilterEntry& entry) {
-    StepKind kind{entry.name, entry.meaning, {}, {}};
-    std::ranges::transform(entry.arguments(), std::back_inserter(kind.arguments), stepArgument);
-    kind.prepare = [slot = entry.slot](const StepValues& values, const ReadOptions& reading) {
-        return prepareFilter(slot, values, reading);
-    };
-    return kind;
+    const auto arguments = entry.arguments();
+    return {entry.name,
+            entry.meaning,
+            {arguments.begin(), arguments.end()},
+            [&entry](const StepValues& values, const ReadOptions& reading) {
+                return prepareFilter(entry, values, reading);
+            }};
 }
 
 }  // namespace

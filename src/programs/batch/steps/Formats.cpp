@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <array>
 #include <limits>
-#include <memory>
-#include <utility>
 
 #include "imaging/cDIBSave.hpp"
 #include "imaging/mGDIpEx.hpp"
@@ -20,18 +18,6 @@ constexpr std::array<std::string_view, 1> kGifExtensions = {".gif"};
 constexpr std::array<std::string_view, 3> kJpegExtensions = {".jpg", ".jpeg", ".jpe"};
 constexpr std::array<std::string_view, 1> kPngExtensions = {".png"};
 
-int bmpDepth(const Document& document) {
-    return document.depth;
-}
-
-int paletteDepth(const Document&) {
-    return 8;
-}
-
-int trueColorDepth(const Document&) {
-    return 24;
-}
-
 void writeBmp(FileWriter& file, const Document& document, int) {
     cDIBSave().Write_BMP(file, document.surface, document.palette, &document.indices, document.depth);
 }
@@ -44,10 +30,10 @@ void writeImage(FileWriter& file, const Document& document, int quality) {
 constexpr int kAnySide = std::numeric_limits<int>::max();
 
 constexpr std::array<PictureFormat, 4> kFormats = {{
-    {PictureFileFormat::Bmp, "bmp", kBmpExtensions, kAnySide, bmpDepth, writeBmp},
-    {PictureFileFormat::Gif, "gif", kGifExtensions, 65535, paletteDepth, writeImage<ImageFormat::Gif>},
-    {PictureFileFormat::Jpeg, "jpg", kJpegExtensions, 65500, trueColorDepth, writeImage<ImageFormat::Jpeg>},
-    {PictureFileFormat::Png, "png", kPngExtensions, kAnySide, trueColorDepth, writeImage<ImageFormat::Png>},
+    {PictureFileFormat::Bmp, "bmp", kBmpExtensions, kAnySide, {}, writeBmp},
+    {PictureFileFormat::Gif, "gif", kGifExtensions, 65535, 8, writeImage<ImageFormat::Gif>},
+    {PictureFileFormat::Jpeg, "jpg", kJpegExtensions, 65500, 24, writeImage<ImageFormat::Jpeg>},
+    {PictureFileFormat::Png, "png", kPngExtensions, kAnySide, 24, writeImage<ImageFormat::Png>},
 }};
 
 bool hasExtension(std::string_view name, std::string_view extension) {
@@ -71,7 +57,7 @@ const PictureFormat* formatNamed(std::string_view name) {
     return found == kFormats.end() ? nullptr : &*found;
 }
 
-const PictureFormat& formatOf(PictureFileFormat format) {
+const PictureFormat& formatFor(PictureFileFormat format) {
     return *std::ranges::find(kFormats, format, &PictureFormat::format);
 }
 
@@ -93,17 +79,6 @@ std::string targetName(std::string_view pictureName, const PictureFormat& format
         break;
     }
     return std::string(pictureName) + std::string(format.extensions.front());
-}
-
-void readDocument(ByteSource& source, const ReadOptions& options, Document& document) {
-    LoadedPicture loaded = readPicture(source, options);
-    document.format = loaded.format;
-    document.hadTransparency = loaded.picture.hadTransparency;
-    document.hasMoreFrames = loaded.picture.hasMoreFrames;
-    document.orientation = loaded.picture.orientation;
-    auto picture = std::make_unique<StdPicture>(std::move(loaded.picture));
-    document.depth = static_cast<std::uint8_t>(
-        document.surface.CreateFromStdPicture(std::move(picture), document.palette, &document.indices));
 }
 
 }  // namespace mobrel::batch

@@ -2,13 +2,12 @@
 // The picture formats that can be read and written.
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
 #include "platform/pictures/PictureLoader.hpp"
-#include "platform/pictures/ReadOptions.hpp"
-#include "platform/system/ByteSource.hpp"
 #include "platform/system/Files.hpp"
 #include "programs/batch/steps/Document.hpp"
 
@@ -22,8 +21,8 @@ struct PictureFormat {
     std::span<const std::string_view> extensions;
     /// The longest side of a picture.
     int mostSide = 0;
-    /// Bits a pixel of the file that a document gives.
-    int (*depthOf)(const Document&);
+    /// Bits a pixel of its files; nothing where a file has the depth of its document.
+    std::optional<int> depth;
     /// `quality`, 0 to 100, is JPEG's.
     void (*write)(FileWriter&, const Document&, int quality);
 };
@@ -31,7 +30,7 @@ struct PictureFormat {
 /// By the name or an extension without its dot, in any letter case. Null where there is none.
 const PictureFormat* formatNamed(std::string_view name);
 
-const PictureFormat& formatOf(PictureFileFormat format);
+const PictureFormat& formatFor(PictureFileFormat format);
 
 /// "bmp, ..."
 std::string formatNames();
@@ -40,8 +39,5 @@ std::string formatNames();
 /// picture format is taken off, any other ending is part of the name ("a.jpg" gives "a.bmp", "a.1" gives
 /// "a.1.bmp").
 std::string targetName(std::string_view pictureName, const PictureFormat& format);
-
-/// Reads a picture of any of the formats, by its content. Throws as readPicture does.
-void readDocument(ByteSource& source, const ReadOptions& options, Document& document);
 
 }  // namespace mobrel::batch

@@ -18,17 +18,17 @@ namespace {
 
 constexpr double kMostSide = std::numeric_limits<std::int32_t>::max();
 
-StepArgument integerArgument(std::string_view name, double least, double greatest) {
-    return {name, ValueKind::Integer, least, greatest};
+Argument integerArgument(std::string_view name, double least, double greatest) {
+    return {name, ArgumentKind::Integer, least, greatest};
 }
 
-StepArgument optionalArgument(StepArgument argument) {
+Argument optionalArgument(Argument argument) {
     argument.isOptional = true;
     return argument;
 }
 
-StepArgument booleanArgument(std::string_view name, bool preset) {
-    return {name, ValueKind::Boolean, 0, 1, preset ? 1.0 : 0.0};
+Argument booleanArgument(std::string_view name, bool preset) {
+    return {name, ArgumentKind::Boolean, 0, 1, preset ? 1.0 : 0.0};
 }
 
 struct PictureSize {
@@ -140,7 +140,7 @@ StepKind resizeStep() {
             "another size, bicubic unless Resample is false; one side, both or Percent",
             {optionalArgument(integerArgument("Width", 1, kMostSide)),
              optionalArgument(integerArgument("Height", 1, kMostSide)),
-             optionalArgument({"Percent", ValueKind::Float, 0.001, 1'000'000}),
+             optionalArgument({"Percent", ArgumentKind::Float, 0.001, 1'000'000}),
              booleanArgument("Resample", true)},
             prepareResize};
 }

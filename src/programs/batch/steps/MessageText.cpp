@@ -2,8 +2,6 @@
 #include "programs/batch/steps/MessageText.hpp"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cstddef>
 #include <numeric>
 #include <vector>
@@ -52,13 +50,6 @@ std::string onOneLine(std::string_view text) {
         }
     }
     return line;
-}
-
-std::string decimalOf(double number) {
-    std::array<char, 400> buffer{};
-    const auto end =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, std::chars_format::fixed).ptr;
-    return {buffer.data(), end};
 }
 
 std::string_view nearestName(std::string_view mistyped, std::span<const std::string_view> names) {

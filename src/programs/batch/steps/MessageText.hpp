@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Names and numbers in messages.
+// Names in messages.
 #pragma once
 
 #include <span>
@@ -10,9 +10,6 @@ namespace mobrel::batch {
 
 /// The text on one line: its control characters as \xHH. All other bytes stay, whatever their encoding.
 std::string onOneLine(std::string_view text);
-
-/// The number without an exponent and with no more digits than it needs ("-8421395", "0.25").
-std::string decimalOf(double number);
 
 /// The name of the list that a mistyped one was probably meant to be, without regard to the case of
 /// ASCII letters. Empty when none is near: when more than half of it would have to change.

@@ -5,11 +5,12 @@
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <memory>
 #include <system_error>
+#include <utility>
 
 #include "platform/system/Files.hpp"
 #include "programs/batch/steps/Failure.hpp"
-#include "programs/batch/steps/Formats.hpp"
 
 namespace mobrel::batch {
 
@@ -28,6 +29,17 @@ FileDescriptor openPicture(const std::string& path) {
 }
 
 }  // namespace
+
+void readDocument(ByteSource& source, const ReadOptions& options, Document& document) {
+    LoadedPicture loaded = readPicture(source, options);
+    document.format = loaded.format;
+    document.hadTransparency = loaded.picture.hadTransparency;
+    document.hasMoreFrames = loaded.picture.hasMoreFrames;
+    document.orientation = loaded.picture.orientation;
+    auto picture = std::make_unique<StdPicture>(std::move(loaded.picture));
+    document.depth = static_cast<std::uint8_t>(
+        document.surface.CreateFromStdPicture(std::move(picture), document.palette, &document.indices));
+}
 
 void readPictureFile(const std::string& path, const ReadOptions& options, Document& document) {
     const FileDescriptor file = openPicture(path);

@@ -9,9 +9,9 @@
 #include <string_view>
 #include <vector>
 
+#include "filters/Argument.hpp"
 #include "filters/cDIBFilter.hpp"
 #include "platform/pictures/ReadOptions.hpp"
-#include "programs/batch/steps/ArgumentText.hpp"
 #include "programs/batch/steps/Document.hpp"
 
 namespace mobrel::batch {
@@ -32,7 +32,7 @@ using StepAction = std::function<void(Document&, cDIBFilter&)>;
 struct StepKind {
     std::string_view name;
     std::string_view meaning;
-    std::vector<StepArgument> arguments;
+    std::vector<Argument> arguments;
     /// Makes the action for values within their ranges, and reads the file that they name. Throws as
     /// readPictureFile does, and UsageError for values that do not go together.
     std::function<StepAction(const StepValues&, const ReadOptions&)> prepare;

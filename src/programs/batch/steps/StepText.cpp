@@ -3,38 +3,18 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <optional>
 #include <vector>
 
 #include "platform/base/AsciiText.hpp"
+#include "programs/batch/steps/ArgumentText.hpp"
 #include "programs/batch/steps/Failure.hpp"
 #include "programs/batch/steps/MessageText.hpp"
 
 namespace mobrel::batch {
 
 namespace {
-
-template <typename Named>
-std::vector<std::string_view> namesOf(std::span<const Named> entries) {
-    std::vector<std::string_view> names;
-    for (const Named& entry : entries) names.push_back(entry.name);
-    return names;
-}
-
-// ", did you mean NAME?", or what to do where no name is near.
-template <typename Named>
-std::string suggestion(std::string_view mistyped, std::span<const Named> entries) {
-    const std::string_view nearest = nearestName(mistyped, namesOf(entries));
-    if (nearest.empty()) return " (--list shows all)";
-    return ", did you mean " + std::string(nearest) + "?";
-}
-
-template <typename Named>
-const Named* named(std::string_view name, std::span<const Named> entries) {
-    const auto found = std::ranges::find_if(
-        entries, [&](const Named& entry) { return equalIgnoringCase(entry.name, name); });
-    return found == entries.end() ? nullptr : &*found;
-}
 
 // Takes one step's text apart.
 class StepReader {
@@ -43,8 +23,7 @@ class StepReader {
 
     Step read() {
         const std::size_t colon = m_text.find(':');
-        m_step.kind = &kindNamed(m_text.substr(0, colon));
-        m_given.resize(arguments().size());
+        m_step.kind = &entryNamed(m_text.substr(0, colon), stepKinds(), "there is no step ");
         m_step.values.numbers.resize(arguments().size());
         if (colon != std::string_view::npos) readArguments(m_text.substr(colon + 1));
         fillPresets();
@@ -56,22 +35,25 @@ class StepReader {
         throw UsageError("'" + onOneLine(m_text) + "': " + onOneLine(reason));
     }
 
-    std::span<const StepArgument> arguments() const { return m_step.kind->arguments; }
+    std::span<const Argument> arguments() const { return m_step.kind->arguments; }
 
-    const StepKind& kindNamed(std::string_view name) const {
-        const StepKind* const kind = named(name, stepKinds());
-        if (kind == nullptr) fail("there is no step " + std::string(name) + suggestion(name, stepKinds()));
-        return *kind;
+    template <typename Named>
+    const Named& entryNamed(std::string_view name, std::span<const Named> entries,
+                            const std::string& complaint) const {
+        const auto found = std::ranges::find_if(
+            entries, [&](const Named& entry) { return equalIgnoringCase(entry.name, name); });
+        if (found != entries.end()) return *found;
+        std::vector<std::string_view> names;
+        std::ranges::transform(entries, std::back_inserter(names), &Named::name);
+        const std::string_view nearest = nearestName(name, names);
+        fail(complaint + std::string(name) +
+             (nearest.empty() ? " (--list shows all)" : ", did you mean " + std::string(nearest) + "?"));
     }
 
-    const StepArgument& argumentNamed(std::string_view name) const {
+    const Argument& argumentNamed(std::string_view name) const {
         const std::string step(m_step.kind->name);
         if (arguments().empty()) fail(step + " takes no arguments");
-        const StepArgument* const argument = named(name, arguments());
-        if (argument == nullptr) {
-            fail(step + " has no argument " + std::string(name) + suggestion(name, arguments()));
-        }
-        return *argument;
+        return entryNamed(name, arguments(), step + " has no argument ");
     }
 
     void readArguments(std::string_view rest) {
@@ -80,11 +62,11 @@ class StepReader {
             const std::size_t nameEnd = std::min(rest.find_first_of("=,"), rest.size());
             const std::string_view name = rest.substr(0, nameEnd);
             if (name.empty()) fail("an argument is missing, ARGUMENT=VALUE");
-            const StepArgument& argument = argumentNamed(name);
+            const Argument& argument = argumentNamed(name);
             if (nameEnd == rest.size() || rest[nameEnd] == ',') fail(std::string(name) + " has no value");
             rest.remove_prefix(nameEnd + 1);
 
-            const bool takesAll = argument.kind == ValueKind::File;
+            const bool takesAll = argument.kind == ArgumentKind::Texture;
             const std::size_t valueEnd = takesAll ? rest.size() : std::min(rest.find(','), rest.size());
             setValue(argument, rest.substr(0, valueEnd));
             more = valueEnd < rest.size();
@@ -92,40 +74,28 @@ class StepReader {
         }
     }
 
-    void setValue(const StepArgument& argument, std::string_view value) {
-        const auto index = static_cast<std::size_t>(&argument - arguments().data());
-        if (m_given[index]) fail(std::string(argument.name) + " is given twice");
-        m_given[index] = true;
-        if (argument.kind == ValueKind::File) {
-            if (value.empty()) failRequirement(argument);
-            m_step.values.file = value;
-            m_step.values.numbers[index] = 0;
-            return;
-        }
-        const std::optional<double> number = valueOf(argument, value);
-        if (!number) failRequirement(argument);
-        m_step.values.numbers[index] = *number;
-    }
-
-    [[noreturn]] void failRequirement(const StepArgument& argument) const {
-        fail(std::string(argument.name) + " must be " + requirementOf(argument));
+    void setValue(const Argument& argument, std::string_view text) {
+        const auto place = static_cast<std::size_t>(&argument - arguments().data());
+        std::optional<double>& number = m_step.values.numbers[place];
+        if (number) fail(std::string(argument.name) + " is given twice");
+        number = valueOf(argument, text);
+        if (!number) fail(std::string(argument.name) + " must be " + requirementOf(argument));
+        if (argument.kind == ArgumentKind::Texture) m_step.values.file = text;
     }
 
     void fillPresets() {
         for (std::size_t i = 0; i < arguments().size(); ++i) {
-            if (m_given[i]) continue;
-            const StepArgument& argument = arguments()[i];
-            if (!argument.preset) {
-                if (argument.isOptional) continue;
+            const Argument& argument = arguments()[i];
+            std::optional<double>& number = m_step.values.numbers[i];
+            if (!number) number = argument.preset;
+            if (!number && !argument.isOptional) {
                 fail(std::string(argument.name) + " must be given, " + requirementOf(argument));
             }
-            m_step.values.numbers[i] = *argument.preset;
         }
     }
 
     std::string_view m_text;
     Step m_step;
-    std::vector<bool> m_given;
 };
 
 }  // namespace
