@@ -4,6 +4,7 @@
 #include <array>
 #include <optional>
 
+#include "filters/FilterTable.hpp"
 #include "platform/base/NumberText.hpp"
 #include "shell/fMain.hpp"
 #include "shell/mINI.hpp"
@@ -16,40 +17,49 @@ enum class TaskKind { FilterDialog, Depth, Sepia, Despeckle };
 
 enum class Pointer { Normal, Hourglass };
 
-/// What a number asks for. `argument` is the filter id of a dialog, or the index of a depth command.
+/// What a number asks for. `argument` is the filter of a dialog, or the index of a depth command.
 struct HostTask {
     int number;
     TaskKind kind;
     int argument;
-    Pointer pointer = Pointer::Hourglass;
+    Pointer pointer;
 };
 
+constexpr HostTask dialogTask(int number, FilterId filter, Pointer pointer = Pointer::Hourglass) {
+    return {number, TaskKind::FilterDialog, static_cast<int>(filter), pointer};
+}
+
+constexpr HostTask directTask(int number, TaskKind kind, int argument = 0) {
+    return {number, kind, argument, Pointer::Hourglass};
+}
+
+// kept: 13 asks for the depth command 7, which does nothing; 20 and 21 open the dialogs of 5 and 7 again.
 constexpr std::array<HostTask, 25> kHostTasks = {{
-    {5, TaskKind::FilterDialog, 10, Pointer::Normal},
-    {6, TaskKind::FilterDialog, 4, Pointer::Normal},
-    {7, TaskKind::FilterDialog, 11, Pointer::Normal},
-    {16, TaskKind::FilterDialog, 23, Pointer::Normal},
-    {8, TaskKind::Depth, 0},
-    {9, TaskKind::Depth, 1},
-    {10, TaskKind::Depth, 2},
-    {11, TaskKind::Depth, 4},
-    {12, TaskKind::Depth, 5},
-    {13, TaskKind::Depth, 7},
-    {14, TaskKind::Depth, 8},
-    {15, TaskKind::Sepia, 0},
-    {17, TaskKind::FilterDialog, 3},
-    {18, TaskKind::FilterDialog, 1},
-    {19, TaskKind::FilterDialog, 25},
-    {20, TaskKind::FilterDialog, 10},
-    {21, TaskKind::FilterDialog, 11},
-    {22, TaskKind::FilterDialog, 5},
-    {23, TaskKind::FilterDialog, 20},
-    {24, TaskKind::FilterDialog, 8},
-    {25, TaskKind::FilterDialog, 16},
-    {26, TaskKind::FilterDialog, 14},
-    {27, TaskKind::FilterDialog, 13},
-    {28, TaskKind::Despeckle, 0},
-    {29, TaskKind::FilterDialog, 2},
+    dialogTask(5, FilterId::Emboss, Pointer::Normal),
+    dialogTask(6, FilterId::Contour, Pointer::Normal),
+    dialogTask(7, FilterId::Erode, Pointer::Normal),
+    dialogTask(16, FilterId::ScanLines, Pointer::Normal),
+    directTask(8, TaskKind::Depth, 0),
+    directTask(9, TaskKind::Depth, 1),
+    directTask(10, TaskKind::Depth, 2),
+    directTask(11, TaskKind::Depth, 4),
+    directTask(12, TaskKind::Depth, 5),
+    directTask(13, TaskKind::Depth, 7),
+    directTask(14, TaskKind::Depth, 8),
+    directTask(15, TaskKind::Sepia),
+    dialogTask(17, FilterId::Colorize),
+    dialogTask(18, FilterId::Blur),
+    dialogTask(19, FilterId::Sharpen),
+    dialogTask(20, FilterId::Emboss),
+    dialogTask(21, FilterId::Erode),
+    dialogTask(22, FilterId::Contrast),
+    dialogTask(23, FilterId::RgbLevels),
+    dialogTask(24, FilterId::Diffuse),
+    dialogTask(25, FilterId::Pixelize),
+    dialogTask(26, FilterId::Noise),
+    dialogTask(27, FilterId::Negative),
+    directTask(28, TaskKind::Despeckle),
+    dialogTask(29, FilterId::Brightness),
 }};
 
 /// The task of a text, or nothing for a number without one. kept: a text that is no number fails the
