@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-// Compiled once for each set of instructions; the processor's best is chosen when it runs.
 #include "platform/base/random_vectors.hpp"
 
 #include "platform/base/SplitMix.hpp"
@@ -11,17 +10,11 @@
 
 #include "platform/base/Processor.hpp"
 
+#if HWY_TARGET != HWY_SCALAR
+
 HWY_BEFORE_NAMESPACE();
 namespace mobrel {
 namespace HWY_NAMESPACE {
-
-#if HWY_TARGET == HWY_SCALAR  // one lane is no vector
-
-std::size_t Draw(std::uint64_t, std::uint32_t*, std::size_t) {
-    return 0;
-}
-
-#else
 
 namespace hn = hwy::HWY_NAMESPACE;
 
@@ -55,7 +48,7 @@ HWY_INLINE CounterVector mix(CounterVector z) {
     return hn::Xor(z, hn::ShiftRight<31>(z));
 }
 
-std::size_t Draw(std::uint64_t counter, std::uint32_t* bits, std::size_t count) {
+std::size_t drawNumbers(std::uint64_t counter, std::uint32_t* bits, std::size_t count) {
     const Numbers d;
     const Counters d64;
     const auto half = static_cast<std::uint64_t>(hn::Lanes(d64));
@@ -73,22 +66,18 @@ std::size_t Draw(std::uint64_t counter, std::uint32_t* bits, std::size_t count) 
     return done;
 }
 
-#endif
-
 }  // namespace HWY_NAMESPACE
 }  // namespace mobrel
 HWY_AFTER_NAMESPACE();
+
+#endif
 
 #if HWY_ONCE
 
 namespace mobrel {
 
-MOBREL_VECTORS(Draw);
-
-std::size_t drawnNumbers(std::uint64_t counter, std::uint32_t* bits, std::size_t count) {
-    return MOBREL_BEST(Draw)(counter, bits, count);
-}
+MOBREL_VECTOR_KERNEL(drawNumbers);
 
 }  // namespace mobrel
 
-#endif  // HWY_ONCE
+#endif
