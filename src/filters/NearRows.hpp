@@ -8,7 +8,7 @@
 #include <cstring>
 
 #include "filters/FilterFrame.hpp"
-#include "filters/kernels/displace.hpp"
+#include "filters/kernels/diffuse_noise.hpp"
 #include "imaging/cDIB.hpp"
 #include "platform/base/RuntimeError.hpp"
 

@@ -8,7 +8,7 @@
 #include "imaging/cDIBDither.hpp"
 #include "imaging/cDIBPal.hpp"
 #include "platform/base/Numbers.hpp"
-#include "platform/drawing/pixel_vectors.hpp"
+#include "platform/drawing/rearrange_vectors.hpp"
 
 namespace mobrel {
 
@@ -23,7 +23,7 @@ using kernels::PixelLines;
 void transpose(const PixelLines<const std::uint8_t>& from, const PixelLines<std::uint8_t>& to, int rows,
                int columns) {
     const bool isFull = rows == kTileSide && columns == kTileSide;
-    if (isFull && kernels::transposedTile(from, to)) return;
+    if (isFull && kernels::transposeTile(from, to)) return;
     for (int x = 0; x < columns; ++x) {
         std::uint8_t* out = to.line(x);
         for (int y = 0; y < rows; ++y) {

@@ -9,10 +9,10 @@
 #include <span>
 
 #include "imaging/ErrorDiffusion.hpp"
-#include "imaging/GreyVectors.hpp"
 #include "imaging/IndexRow.hpp"
 #include "imaging/WaveBand.hpp"
 #include "imaging/WeightedGrey.hpp"
+#include "imaging/grey_vectors.hpp"
 #include "platform/base/Numbers.hpp"
 
 namespace mobrel {
@@ -70,7 +70,7 @@ int depthOf(int entries) {
 void setGreys(std::uint8_t* row, int width) {
     const auto count = static_cast<std::size_t>(width);
     for (std::size_t x = 0; x < count;) {
-        x += greysWithoutTies(row + x * 4, count - x);
+        x += greyUntilTie(row + x * 4, count - x);
         for (const std::size_t end = std::min<std::size_t>(count, x + WaveBand::kMostRows); x < end; ++x) {
             std::uint8_t* const pixel = row + x * 4;
             pixel[0] = pixel[1] = pixel[2] = weightedGrey(pixel);
@@ -85,7 +85,8 @@ void toGreys(WaveBand& band, const GreyLevels& levels) {
         std::uint8_t* const pixels = band.pixel(row, 0);
         std::uint8_t* const indices = band.indices(row);
         setGreys(pixels, band.width());
-        for (std::size_t x = firstBytes(pixels, count, indices); x < count; ++x) indices[x] = pixels[x * 4];
+        for (std::size_t x = takeFirstBytes(pixels, count, indices); x < count; ++x)
+            indices[x] = pixels[x * 4];
         if (levels.step == 1) continue;
         for (std::size_t x = 0; x < count; ++x) {
             indices[x] = static_cast<std::uint8_t>(levels.index(indices[x]));

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/base/RuntimeError.hpp"
-#include "platform/drawing/pixel_vectors.hpp"
+#include "platform/drawing/rearrange_vectors.hpp"
 
 namespace mobrel {
 
@@ -67,7 +67,7 @@ std::vector<std::uint8_t> packedHeaders(const cDIB& DIB, const cDIBPal& Pal, std
 /// Drops byte 3 of every pixel.
 void packRow24(const std::uint8_t* from, int width, std::uint8_t* to) {
     const auto count = static_cast<std::size_t>(width);
-    for (std::size_t x = kernels::packedPixels(from, count, to); x < count; ++x) {
+    for (std::size_t x = kernels::packPixels(from, count, to); x < count; ++x) {
         std::memcpy(to + x * 3, from + x * 4, 3);
     }
 }

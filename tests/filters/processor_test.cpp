@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "filters/FilterCatalogue.hpp"
-#include "filters/kernels/rank.hpp"
+#include "filters/kernels/despeckle.hpp"
 #include "support/FilterRun.hpp"
 #include "support/OnlyTarget.hpp"
 #include "support/RecipeCall.hpp"

@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "imaging/GreyVectors.hpp"
 #include "imaging/WeightedGrey.hpp"
 #include "imaging/cDIBDither.hpp"
 #include "imaging/cDIBPal.hpp"
+#include "imaging/grey_vectors.hpp"
 #include "support/DitherRecipes.hpp"
 #include "support/EventLog.hpp"
 #include "support/OnlyTarget.hpp"
@@ -138,7 +138,7 @@ TEST(ReducerProcessors, WeighEveryColour) {
             }
             std::vector<std::uint8_t> weighed = row;
             for (std::size_t x = 0; x < kRow; x += 16) {
-                const std::size_t done = greysWithoutTies(weighed.data() + x * 4, 16);
+                const std::size_t done = greyUntilTie(weighed.data() + x * 4, 16);
                 for (std::size_t i = x; i < x + done; ++i) {
                     ASSERT_EQ(weighed[i * 4], weightedGrey(row.data() + i * 4))
                         << (colour | static_cast<int>(i));

@@ -66,7 +66,7 @@ bool ContrastTable::hasValues(const ContrastLine& line) const {
 
 void ContrastTable::run(std::uint8_t* row, int width) const {
     const auto count = static_cast<std::size_t>(width);
-    for (std::size_t x = m_line ? contrastedPixels(row, count, *m_line) : 0; x < count; ++x) {
+    for (std::size_t x = m_line ? stretchContrast(row, count, *m_line) : 0; x < count; ++x) {
         std::uint8_t* const pixel = row + x * 4;
         Channels c{m_values[pixel[0]], m_values[pixel[1]], m_values[pixel[2]]};
         resolveClipping(c);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The second pass of Contrast over rows of width pixels.
+// Contrast: the second pass, over rows of width pixels.
 #pragma once
 
 #include <array>

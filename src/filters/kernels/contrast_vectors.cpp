@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-// Compiled once for each set of instructions; the processor's best is chosen when it runs.
 #include "filters/kernels/contrast_vectors.hpp"
 
 #undef HWY_TARGET_INCLUDE
@@ -7,43 +6,17 @@
 #include <hwy/foreach_target.h>  // IWYU pragma: keep
 #include <hwy/highway.h>
 
-#include "platform/base/Processor.hpp"
+#include "platform/drawing/pixel_lanes-inl.hpp"
+
+#if HWY_TARGET != HWY_SCALAR
 
 HWY_BEFORE_NAMESPACE();
 namespace mobrel::kernels {
 namespace HWY_NAMESPACE {
 
-#if HWY_TARGET == HWY_SCALAR  // one lane is no vector
-
-void Points(const ContrastLine&, std::int16_t* points) {
-    for (int i = 0; i < 256; ++i) points[i] = 0;
-}
-std::size_t Contrast(std::uint8_t*, std::size_t, const ContrastLine&) {
-    return 0;
-}
-
-#else
-
-namespace hn = hwy::HWY_NAMESPACE;
-
-using Pixels = hn::ScalableTag<std::uint32_t>;
-using Bytes = hn::Repartition<std::uint8_t, Pixels>;
-using Words = hn::Repartition<std::uint16_t, Pixels>;
-using Integers = hn::Repartition<std::int16_t, Pixels>;
-using PixelVector = hn::Vec<Pixels>;
+/// Numbers of 16 bits.
+using Integers = hn::RebindToSigned<Words>;
 using IntegerVector = hn::Vec<Integers>;
-
-HWY_INLINE PixelVector load(const std::uint8_t* from) {
-    return hn::BitCast(Pixels(), hn::LoadU(Bytes(), from));
-}
-HWY_INLINE void store(PixelVector pixels, std::uint8_t* to) {
-    hn::StoreU(hn::BitCast(Bytes(), pixels), Bytes(), to);
-}
-
-template <int kShift>
-HWY_INLINE PixelVector channel(PixelVector pixels) {
-    return hn::And(hn::ShiftRight<kShift>(pixels), hn::Set(Pixels(), 0xFF));
-}
 
 /// A line of 16-bit numbers.
 struct Line {
@@ -70,12 +43,14 @@ struct Line {
     }
 };
 
-void Points(const ContrastLine& contrastLine, std::int16_t* points) {
+std::array<std::int16_t, 256> pointsOf(const ContrastLine& contrastLine) {
     const Integers d;
     const Line line(contrastLine);
-    for (std::size_t i = 0; i < 256; i += hn::Lanes(d)) {
-        hn::StoreU(line.at(hn::Iota(d, static_cast<std::int16_t>(i))), d, points + i);
+    std::array<std::int16_t, 256> points;
+    for (std::size_t i = 0; i < points.size(); i += hn::Lanes(d)) {
+        hn::StoreU(line.at(hn::Iota(d, static_cast<std::int16_t>(i))), d, &points[i]);
     }
+    return points;
 }
 
 /// Channels of pixels on their way back into the range of a byte.
@@ -123,12 +98,7 @@ HWY_INLINE IntegerVector paired(PixelVector lower, PixelVector upper) {
     return hn::BitCast(Integers(), hn::Or(lower, hn::ShiftLeft<16>(upper)));
 }
 
-/// The colours in bits 0 to 23, with byte 3 of `old`.
-HWY_INLINE PixelVector withByte3(PixelVector colours, PixelVector old) {
-    return hn::Or(colours, hn::AndNot(hn::Set(Pixels(), 0x00FFFFFF), old));
-}
-
-std::size_t Contrast(std::uint8_t* row, std::size_t count, const ContrastLine& contrastLine) {
+std::size_t stretchContrast(std::uint8_t* row, std::size_t count, const ContrastLine& contrastLine) {
     const Pixels d;
     const Line line(contrastLine);
     const std::size_t half = hn::Lanes(d);
@@ -138,8 +108,8 @@ std::size_t Contrast(std::uint8_t* row, std::size_t count, const ContrastLine& c
         std::uint8_t* const upperAt = lowerAt + half * 4;
         loadAhead(lowerAt);
         loadAhead(upperAt);
-        const PixelVector lower = load(lowerAt);
-        const PixelVector upper = load(upperAt);
+        const PixelVector lower = load(d, lowerAt);
+        const PixelVector upper = load(d, upperAt);
         Channels c{line.at(paired(channel<0>(lower), channel<0>(upper))),
                    line.at(paired(channel<8>(lower), channel<8>(upper))),
                    line.at(paired(channel<16>(lower), channel<16>(upper)))};
@@ -147,35 +117,25 @@ std::size_t Contrast(std::uint8_t* row, std::size_t count, const ContrastLine& c
         const PixelVector blueGreen = hn::BitCast(d, hn::Or(c.b, hn::ShiftLeft<8>(c.g)));
         const PixelVector red = hn::BitCast(d, c.r);
         const PixelVector low = hn::Set(d, 0xFFFF);
-        store(withByte3(hn::Or(hn::And(blueGreen, low), hn::ShiftLeft<16>(red)), lower), lowerAt);
-        store(withByte3(hn::Or(hn::ShiftRight<16>(blueGreen), hn::AndNot(low, red)), upper), upperAt);
+        store(withColours(hn::Or(hn::And(blueGreen, low), hn::ShiftLeft<16>(red)), lower), d, lowerAt);
+        store(withColours(hn::Or(hn::ShiftRight<16>(blueGreen), hn::AndNot(low, red)), upper), d, upperAt);
     }
     return done;
 }
-
-#endif
 
 }  // namespace HWY_NAMESPACE
 }  // namespace mobrel::kernels
 HWY_AFTER_NAMESPACE();
 
+#endif
+
 #if HWY_ONCE
 
 namespace mobrel::kernels {
 
-MOBREL_VECTORS(Points);
-MOBREL_VECTORS(Contrast);
-
-std::array<std::int16_t, 256> pointsOf(const ContrastLine& line) {
-    std::array<std::int16_t, 256> points{};
-    MOBREL_BEST(Points)(line, points.data());
-    return points;
-}
-
-std::size_t contrastedPixels(std::uint8_t* row, std::size_t count, const ContrastLine& line) {
-    return MOBREL_BEST(Contrast)(row, count, line);
-}
+MOBREL_VECTOR_KERNEL(pointsOf);
+MOBREL_VECTOR_KERNEL(stretchContrast);
 
 }  // namespace mobrel::kernels
 
-#endif  // HWY_ONCE
+#endif

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-// Compiled once for each set of instructions; the processor's best is chosen when it runs.
 #include "filters/kernels/despeckle_vectors.hpp"
 
 #include <algorithm>
@@ -10,36 +9,13 @@
 #include <hwy/foreach_target.h>  // IWYU pragma: keep
 #include <hwy/highway.h>
 
-#include "platform/base/Processor.hpp"
+#include "platform/drawing/pixel_lanes-inl.hpp"
+
+#if HWY_TARGET != HWY_SCALAR
 
 HWY_BEFORE_NAMESPACE();
 namespace mobrel::kernels {
 namespace HWY_NAMESPACE {
-
-#if HWY_TARGET == HWY_SCALAR  // one lane is no vector
-
-std::size_t DespeckleVectors(std::uint8_t*, const std::uint8_t*, const std::uint8_t*, std::size_t) {
-    return 0;
-}
-std::size_t DespeckleMoreVectors(std::uint8_t*, const std::uint8_t*, const std::uint8_t*, std::size_t) {
-    return 0;
-}
-std::size_t DespeckleColumns(const PixelBlock&) {
-    return 0;
-}
-std::size_t DespeckleMoreColumns(const PixelBlock&) {
-    return 0;
-}
-
-#else
-
-namespace hn = hwy::HWY_NAMESPACE;
-
-using Bytes = hn::ScalableTag<std::uint8_t>;
-using Pixels = hn::RepartitionToWide<hn::RepartitionToWide<Bytes> >;
-using PixelPairs = hn::RepartitionToWide<Pixels>;
-using ByteVector = hn::Vec<Bytes>;
-using PixelVector = hn::Vec<Pixels>;
 
 template <class V>
 HWY_INLINE V less(V x) {
@@ -80,14 +56,6 @@ struct DespeckleMore {
     }
 };
 
-/// The colours of one and byte 3 of the other.
-template <class V>
-HWY_INLINE V withColours(V colours, V pixels) {
-    const hn::DFromV<V> d;
-    const auto isColour = hn::BitCast(d, hn::Set(hn::Repartition<std::uint32_t, decltype(d)>(), 0x00FFFFFFU));
-    return hn::IfVecThenElse(isColour, colours, pixels);
-}
-
 /// Moves pixels from `done` on while whole vectors are left; returns how many are done then.
 template <class D, class Rule>
 HWY_INLINE std::size_t moveVectors(D d, std::uint8_t* row, const std::uint8_t* a, const std::uint8_t* b,
@@ -113,7 +81,7 @@ HWY_INLINE std::size_t moveRow(std::uint8_t* row, const std::uint8_t* a, const s
 template <class D>
 HWY_INLINE hn::Vec<D> loadBlocks(D d, std::uint8_t* const* rows, std::size_t at) {
     if constexpr (hn::MaxLanes(d) == 4) {
-        return hn::BitCast(d, hn::LoadU(hn::Repartition<std::uint8_t, D>(), rows[0] + at));
+        return load(d, rows[0] + at);
     } else {
         const hn::Half<D> half;
         return hn::Combine(d, loadBlocks(half, rows + hn::MaxLanes(half), at), loadBlocks(half, rows, at));
@@ -122,32 +90,13 @@ HWY_INLINE hn::Vec<D> loadBlocks(D d, std::uint8_t* const* rows, std::size_t at)
 template <class D>
 HWY_INLINE void storeBlocks(D d, hn::Vec<D> pixels, std::uint8_t* const* rows, std::size_t at) {
     if constexpr (hn::MaxLanes(d) == 4) {
-        const hn::Repartition<std::uint8_t, D> bytes;
-        hn::StoreU(hn::BitCast(bytes, pixels), bytes, rows[0] + at);
+        store(pixels, d, rows[0] + at);
     } else {
         const hn::Half<D> half;
         storeBlocks(half, hn::LowerHalf(half, pixels), rows, at);
         storeBlocks(half, hn::UpperHalf(half, pixels), rows + hn::MaxLanes(half), at);
     }
 }
-
-/// Four columns of pixels, one row a lane; or, turned, four pixels of every fourth row.
-struct FourColumns {
-    PixelVector v[4];
-
-    HWY_INLINE void turn() {
-        const Pixels d;
-        const PixelPairs pairs;
-        const auto a = hn::BitCast(pairs, hn::InterleaveLower(d, v[0], v[1]));
-        const auto b = hn::BitCast(pairs, hn::InterleaveUpper(d, v[0], v[1]));
-        const auto e = hn::BitCast(pairs, hn::InterleaveLower(d, v[2], v[3]));
-        const auto f = hn::BitCast(pairs, hn::InterleaveUpper(d, v[2], v[3]));
-        v[0] = hn::BitCast(d, hn::InterleaveLower(pairs, a, e));
-        v[1] = hn::BitCast(d, hn::InterleaveUpper(pairs, a, e));
-        v[2] = hn::BitCast(d, hn::InterleaveLower(pairs, b, f));
-        v[3] = hn::BitCast(d, hn::InterleaveUpper(pairs, b, f));
-    }
-};
 
 constexpr std::size_t kRows = hn::MaxLanes(Pixels());
 
@@ -171,17 +120,17 @@ class RowGroup {
     /// of the next.
     template <class Rule>
     HWY_INLINE void moveFour(std::size_t column, Rule rule) {
-        FourColumns columns;
-        for (std::size_t i = 0; i < 4; ++i) columns.v[i] = loadBlocks(Pixels(), m_rows + i, column * 4 + 4);
-        columns.turn();
-        for (std::size_t i = 0; i < 4; ++i) {
-            const ByteVector right = hn::BitCast(Bytes(), columns.v[i]);
+        PixelVector columns[4];
+        for (std::size_t i = 0; i < 4; ++i) columns[i] = loadBlocks(Pixels(), m_rows + i, column * 4 + 4);
+        transposeBlocks(columns);
+        for (PixelVector& pixels : columns) {
+            const ByteVector right = hn::BitCast(Bytes(), pixels);
             m_left = withColours(rule(m_at, m_left, right), m_at);
-            columns.v[i] = hn::BitCast(Pixels(), m_left);
+            pixels = hn::BitCast(Pixels(), m_left);
             m_at = right;
         }
-        columns.turn();
-        for (std::size_t i = 0; i < 4; ++i) storeBlocks(Pixels(), columns.v[i], m_rows + i, column * 4);
+        transposeBlocks(columns);
+        for (std::size_t i = 0; i < 4; ++i) storeBlocks(Pixels(), columns[i], m_rows + i, column * 4);
     }
 
  private:
@@ -211,51 +160,36 @@ HWY_INLINE std::size_t moveColumns(const PixelBlock& block, Rule rule) {
     return end;
 }
 
-std::size_t DespeckleVectors(std::uint8_t* row, const std::uint8_t* a, const std::uint8_t* b,
-                             std::size_t count) {
+std::size_t despecklePixels(std::uint8_t* row, const std::uint8_t* a, const std::uint8_t* b,
+                            std::size_t count) {
     return moveRow(row, a, b, count, Despeckle());
 }
-std::size_t DespeckleMoreVectors(std::uint8_t* row, const std::uint8_t* a, const std::uint8_t* b,
-                                 std::size_t count) {
+std::size_t despeckleMorePixels(std::uint8_t* row, const std::uint8_t* a, const std::uint8_t* b,
+                                std::size_t count) {
     return moveRow(row, a, b, count, DespeckleMore());
 }
-std::size_t DespeckleColumns(const PixelBlock& block) {
+std::size_t despeckleColumns(const PixelBlock& block) {
     return moveColumns(block, Despeckle());
 }
-std::size_t DespeckleMoreColumns(const PixelBlock& block) {
+std::size_t despeckleMoreColumns(const PixelBlock& block) {
     return moveColumns(block, DespeckleMore());
 }
-
-#endif
 
 }  // namespace HWY_NAMESPACE
 }  // namespace mobrel::kernels
 HWY_AFTER_NAMESPACE();
 
+#endif
+
 #if HWY_ONCE
 
 namespace mobrel::kernels {
 
-MOBREL_VECTORS(DespeckleVectors);
-MOBREL_VECTORS(DespeckleMoreVectors);
-MOBREL_VECTORS(DespeckleColumns);
-MOBREL_VECTORS(DespeckleMoreColumns);
-
-std::size_t despeckleVectors(std::uint8_t* row, const std::uint8_t* a, const std::uint8_t* b,
-                             std::size_t count) {
-    return MOBREL_BEST(DespeckleVectors)(row, a, b, count);
-}
-std::size_t despeckleMoreVectors(std::uint8_t* row, const std::uint8_t* a, const std::uint8_t* b,
-                                 std::size_t count) {
-    return MOBREL_BEST(DespeckleMoreVectors)(row, a, b, count);
-}
-std::size_t despeckleColumns(const PixelBlock& block) {
-    return MOBREL_BEST(DespeckleColumns)(block);
-}
-std::size_t despeckleMoreColumns(const PixelBlock& block) {
-    return MOBREL_BEST(DespeckleMoreColumns)(block);
-}
+MOBREL_VECTOR_KERNEL(despecklePixels);
+MOBREL_VECTOR_KERNEL(despeckleMorePixels);
+MOBREL_VECTOR_KERNEL(despeckleColumns);
+MOBREL_VECTOR_KERNEL(despeckleMoreColumns);
 
 }  // namespace mobrel::kernels
 
-#endif  // HWY_ONCE
+#endif

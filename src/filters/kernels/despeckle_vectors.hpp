@@ -1,27 +1,30 @@
 // SPDX-License-Identifier: MIT
-// Despeckling of several samples at once. Each function does the first pixels of what it is given, tells
-// how many, and leaves the rest to the plain loops; byte 3 of a pixel stays.
+// Despeckling of several samples at once. Each kernel does the first pixels of what it is given, tells how
+// many, and leaves the rest to the plain loops; byte 3 of a pixel stays.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 
-#include "filters/kernels/rank.hpp"
+#include "filters/kernels/despeckle.hpp"
+#include "platform/base/VectorKernel.hpp"
 
 namespace mobrel::kernels {
 
-/// As despeckleRow.
-std::size_t despeckleVectors(std::uint8_t* row, const std::uint8_t* a, const std::uint8_t* b,
-                             std::size_t count);
+/// despeckleRow.
+extern const VectorKernel<std::size_t(std::uint8_t* row, const std::uint8_t* a, const std::uint8_t* b,
+                                      std::size_t count)>
+    despecklePixels;
 
-/// As despeckleMoreRow.
-std::size_t despeckleMoreVectors(std::uint8_t* row, const std::uint8_t* a, const std::uint8_t* b,
-                                 std::size_t count);
+/// despeckleMoreRow.
+extern const VectorKernel<std::size_t(std::uint8_t* row, const std::uint8_t* a, const std::uint8_t* b,
+                                      std::size_t count)>
+    despeckleMorePixels;
 
-/// As despeckleAlong: the first columns of every row.
-std::size_t despeckleColumns(const PixelBlock& block);
+/// despeckleAlong, for the first columns of every row.
+extern const VectorKernel<std::size_t(const PixelBlock& block)> despeckleColumns;
 
-/// As despeckleMoreAlong: the first columns of every row.
-std::size_t despeckleMoreColumns(const PixelBlock& block);
+/// despeckleMoreAlong, for the first columns of every row.
+extern const VectorKernel<std::size_t(const PixelBlock& block)> despeckleMoreColumns;
 
 }  // namespace mobrel::kernels

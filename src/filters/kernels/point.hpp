@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Inner loops whose pixels depend on themselves alone. A row is width pixels of blue, green, red, unused.
+// Colorize, Greys, Negative, Saturation, ScanLines and ShiftRGB: each pixel depends on itself alone. A row is
+// width pixels of blue, green, red, unused.
 #pragma once
 
 #include <array>
@@ -32,5 +33,22 @@ void tableRow(std::uint8_t* row, int width, const ByteTable& blue, const ByteTab
 /// Round(f (c - g) + c), limited to a byte, g being the plain grey (R + G + B) div 3. Error 6 when the
 /// rounded value does not fit 32 bits.
 void saturationRow(std::uint8_t* row, int width, float f);
+
+/// What Colorize makes of a pixel, which depends on the sum of its channels alone.
+class ColorizeTable {
+ public:
+    ColorizeTable(float hue, float saturation, float luminosity);
+
+    /// The new pixel, 0x00RRGGBB, for a sum of 0 to 765. Error 6 where a channel leaves the byte.
+    std::uint32_t pixelOf(int sum) const;
+    /// The new pixels of all sums; null where one of them is an error.
+    const std::uint32_t* pixels() const { return m_hasErrors ? nullptr : m_pixels.data(); }
+
+ private:
+    std::array<std::uint32_t, 766> m_pixels{};
+    bool m_hasErrors = false;
+};
+
+void colorizeRow(std::uint8_t* row, int width, const ColorizeTable& table);
 
 }  // namespace mobrel::kernels

@@ -2,125 +2,23 @@
 #include "filters/kernels/rank.hpp"
 
 #include <algorithm>
-#include <cstddef>
-#include <cstdlib>
 
-#include "filters/kernels/despeckle_vectors.hpp"
-#include "filters/kernels/ring_vectors.hpp"
+#include "filters/kernels/rank_vectors.hpp"
 
 namespace mobrel::kernels {
 
-namespace {
-
-// A neighbour below p implies p > 0, and one above p implies p < 255, so no sample leaves the byte.
-int despeckled(int p, int a, int b) {
-    p -= a < p - 1;
-    p -= b < p - 1;
-    p += a > p + 1;
-    p += b > p + 1;
-    return p;
+void maximumRow(Rows3 from, std::uint8_t* to, int width) {
+    if (dilatePixels(from, to, width)) return;
+    forInnerChannels(from, to, width, [](const Window& s) {
+        return static_cast<std::uint8_t>(std::max({s.below, s.left, s.centre, s.right, s.above}));
+    });
 }
 
-int despeckledMore(int p, int a, int b) {
-    p -= a < p - 1;
-    p -= a < p && b <= p;
-    p -= b < p && a <= p;
-    p -= b < p - 1;
-    p += a > p + 1;
-    p += a > p && b >= p;
-    p += b > p && a >= p;
-    p += b > p + 1;
-    return p;
-}
-
-template <typename Rule>
-void moveSamples(std::uint8_t* row, const std::uint8_t* a, const std::uint8_t* b, std::size_t count,
-                 Rule rule) {
-    for (std::size_t i = 0; i < count * 4; i += 4) {
-        for (std::size_t channel = i; channel < i + 3; ++channel) {
-            row[channel] = static_cast<std::uint8_t>(rule(row[channel], a[channel], b[channel]));
-        }
-    }
-}
-
-template <typename Rule>
-void moveAlong(const PixelBlock& block, std::size_t column, Rule rule) {
-    for (std::size_t i = 0; i < block.rows; ++i) {
-        std::uint8_t* row = block.row(i) + column * 4;
-        moveSamples(row, row - 4, row + 4, block.columns - column, rule);
-    }
-}
-
-struct Mean {
-    int b, g, r;
-
-    bool differs(const std::uint8_t* pixel, std::int32_t threshold) const {
-        return std::abs(pixel[0] - b) > threshold || std::abs(pixel[1] - g) > threshold ||
-               std::abs(pixel[2] - r) > threshold;
-    }
-};
-
-/// The mean of the 12 pixels around the block at column x.
-Mean ringMean(std::uint8_t* const rows[4], int x) {
-    const auto sum = [&](int channel) {
-        int total = 0;
-        for (int column = x - 1; column <= x + 2; ++column) {
-            const int at = column * 4 + channel;
-            total += rows[0][at] + rows[3][at];
-            if (column == x - 1 || column == x + 2) total += rows[1][at] + rows[2][at];
-        }
-        return total / 12;
-    };
-    return {sum(0), sum(1), sum(2)};
-}
-
-/// Whether a pixel of the block became the mean.
-bool cleanBlock(std::uint8_t* const rows[4], int x, std::int32_t threshold) {
-    const Mean mean = ringMean(rows, x);
-    bool isChanged = false;
-    for (int dy = 0; dy <= 1; ++dy) {
-        for (int dx = 0; dx <= 1; ++dx) {
-            std::uint8_t* pixel = rows[1 + dy] + std::ptrdiff_t{x + dx} * 4;
-            if (!mean.differs(pixel, threshold)) continue;
-            pixel[0] = static_cast<std::uint8_t>(mean.b);
-            pixel[1] = static_cast<std::uint8_t>(mean.g);
-            pixel[2] = static_cast<std::uint8_t>(mean.r);
-            isChanged = true;
-        }
-    }
-    return isChanged;
-}
-
-}  // namespace
-
-void despeckleRow(std::uint8_t* row, const std::uint8_t* a, const std::uint8_t* b, std::size_t count) {
-    const std::size_t done = despeckleVectors(row, a, b, count);
-    moveSamples(row + done * 4, a + done * 4, b + done * 4, count - done, despeckled);
-}
-
-void despeckleMoreRow(std::uint8_t* row, const std::uint8_t* a, const std::uint8_t* b, std::size_t count) {
-    const std::size_t done = despeckleMoreVectors(row, a, b, count);
-    moveSamples(row + done * 4, a + done * 4, b + done * 4, count - done, despeckledMore);
-}
-
-void despeckleAlong(const PixelBlock& block) {
-    moveAlong(block, despeckleColumns(block), despeckled);
-}
-
-void despeckleMoreAlong(const PixelBlock& block) {
-    moveAlong(block, despeckleMoreColumns(block), despeckledMore);
-}
-
-void saltAndPepperRow(std::uint8_t* const rows[4], int width, std::int32_t threshold) {
-    constexpr int kPlainBlocks = 4;  // where one block changes, those after it often do
-    const int end = width - 2;
-    for (int x = 1; x < end;) {
-        x += static_cast<int>(
-            blocksThatStay(rows, static_cast<std::size_t>(x), static_cast<std::size_t>(end - x), threshold));
-        for (int stop = std::min(x + kPlainBlocks, end); x < stop; ++x) {
-            if (cleanBlock(rows, x, threshold)) stop = std::min(x + 1 + kPlainBlocks, end);
-        }
-    }
+void minimumRow(Rows3 from, std::uint8_t* to, int width) {
+    if (erodePixels(from, to, width)) return;
+    forInnerChannels(from, to, width, [](const Window& s) {
+        return static_cast<std::uint8_t>(std::min({s.below, s.left, s.centre, s.right, s.above}));
+    });
 }
 
 }  // namespace mobrel::kernels

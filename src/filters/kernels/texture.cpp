@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "filters/kernels/rounded_vectors.hpp"
+#include "filters/kernels/texture_vectors.hpp"
 #include "platform/base/Numbers.hpp"
 
 namespace mobrel::kernels {
@@ -19,7 +19,7 @@ void repeatRow(const std::uint8_t* row, std::size_t bytes, std::span<std::uint8_
 
 void texturizeRow(std::uint8_t* row, int width, const std::uint8_t* texture) {
     const std::size_t end = static_cast<std::size_t>(width) * 4;
-    for (std::size_t at = texturizedPixels(row, static_cast<std::size_t>(width), texture) * 4; at < end;
+    for (std::size_t at = texturizePixels(row, static_cast<std::size_t>(width), texture) * 4; at < end;
          at += 4) {
         const int t = texture[at];
         const double a = t / 128.0;  // exact, as a float too

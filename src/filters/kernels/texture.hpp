@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The inner loops that lay a grey texture over a picture.
+// Texturize: a grey texture laid over a picture.
 #pragma once
 
 #include <cstddef>

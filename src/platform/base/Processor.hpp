@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Which sets of instructions the vector kernels use. A kernel's file says MOBREL_VECTORS(Name) for each
-// function that it compiles once a set, and calls the processor's best with MOBREL_BEST(Name)(arguments).
-// It includes this file after Highway's headers, whose own choice needs a library that measures the clock
-// for milliseconds whenever a program starts.
+// Which sets of instructions the vector kernels use, and what they start to load. Sources include this file
+// after Highway's headers, whose own choice needs a library that measures the clock for milliseconds whenever
+// a program starts.
 #pragma once
 
 #include <hwy/cache_control.h>

@@ -16,7 +16,7 @@
 #include "platform/drawing/AxisMap.hpp"
 #include "platform/drawing/ContextPixels.hpp"
 #include "platform/drawing/PixelBuffer.hpp"
-#include "platform/drawing/pixel_vectors.hpp"
+#include "platform/drawing/rearrange_vectors.hpp"
 
 namespace mobrel {
 
@@ -51,8 +51,8 @@ void fitLine(std::uint8_t* out, const SourceLine& line, const AxisMap& columns,
         left = left.subspan(repeated->before);
         out += repeated->before * kPixelBytes;
         const std::size_t done =
-            repeated->times * kernels::repeatedPixels(pixelAt(line.pixels, left.front()), repeated->whole,
-                                                      repeated->times, out);
+            repeated->times *
+            kernels::repeatPixels(pixelAt(line.pixels, left.front()), repeated->whole, repeated->times, out);
         left = left.subspan(done);
         out += done * kPixelBytes;
     }
@@ -109,7 +109,7 @@ void moveBlock(DeviceContext& surface, const AxisMap& columns, const AxisMap& ro
 }
 
 void reverseLine(std::uint8_t* line, int width) {
-    const auto done = static_cast<int>(kernels::mirroredPixels(line, static_cast<std::size_t>(width)));
+    const auto done = static_cast<int>(kernels::mirrorPixels(line, static_cast<std::size_t>(width)));
     std::uint8_t* right = pixelAt(line, width - 1 - done);
     for (std::uint8_t* left = pixelAt(line, done); left < right; left += kPixelBytes, right -= kPixelBytes) {
         std::uint8_t kept[kPixelBytes];

@@ -7,7 +7,7 @@
 #include <cstring>
 #include <type_traits>
 
-#include "platform/drawing/pixel_vectors.hpp"
+#include "platform/drawing/rearrange_vectors.hpp"
 
 namespace mobrel {
 
@@ -33,7 +33,7 @@ std::uint8_t widened(unsigned value, int bits) {
 }
 
 void expand24(const std::uint8_t* packed, int count, std::uint8_t* out) {
-    const auto done = static_cast<int>(kernels::expandedPixels(packed, static_cast<std::size_t>(count), out));
+    const auto done = static_cast<int>(kernels::expandPixels(packed, static_cast<std::size_t>(count), out));
     packed += done * 3;
     out += done * 4;
     for (int rest = count - done; rest > 0; --rest, packed += 3, out += 4) {

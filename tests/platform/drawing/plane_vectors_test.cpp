@@ -33,7 +33,7 @@ TEST(PlaneVectors, TakePixelsApart) {
                 }
             }
             Words planes[kChannels] = {Words(count), Words(count), Words(count)};
-            const std::size_t done = kernels::unpackedPixels(
+            const std::size_t done = kernels::deinterleavePixels(
                 pixels.data(), count, {planes[0].data(), planes[1].data(), planes[2].data()});
             for (int channel = 0; channel < kChannels; ++channel) {
                 Words expected(count);
@@ -65,7 +65,7 @@ TEST(PlaneVectors, PutEveryValueOfPlanesTogether) {
                 }
             }
             Bytes pixels(count * 4, 0xA5);
-            const std::size_t done = kernels::repackedPixels(
+            const std::size_t done = kernels::interleavePixels(
                 {planes[0].data(), planes[1].data(), planes[2].data()}, count, pixels.data());
             Bytes expected(count * 4, 0xA5);
             for (std::size_t i = 0; i < done; ++i) {

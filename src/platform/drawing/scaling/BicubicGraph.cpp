@@ -136,7 +136,7 @@ int unpackLine(void* user, unsigned i, unsigned left, unsigned right) {
     const std::uint8_t* pixels = work.source.line(static_cast<int>(i)) + left * kPixelBytes;
     const auto planes = work.window.lines(i, left);
     const std::size_t count = right - left;
-    for (std::size_t x = kernels::unpackedPixels(pixels, count, planes); x < count; ++x) {
+    for (std::size_t x = kernels::deinterleavePixels(pixels, count, planes); x < count; ++x) {
         planes.blue[x] = toFixed(pixels[x * kPixelBytes]);
         planes.green[x] = toFixed(pixels[x * kPixelBytes + 1]);
         planes.red[x] = toFixed(pixels[x * kPixelBytes + 2]);
@@ -149,7 +149,7 @@ int packLine(void* user, unsigned i, unsigned left, unsigned right) {
     std::uint8_t* pixels = work.target.line(static_cast<int>(i)) + left * kPixelBytes;
     const auto planes = work.window.lines(i, left);
     const std::size_t count = right - left;
-    for (std::size_t x = kernels::repackedPixels({planes.blue, planes.green, planes.red}, count, pixels);
+    for (std::size_t x = kernels::interleavePixels({planes.blue, planes.green, planes.red}, count, pixels);
          x < count; ++x) {
         pixels[x * kPixelBytes] = fromFixed(planes.blue[x]);
         pixels[x * kPixelBytes + 1] = fromFixed(planes.green[x]);

@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "platform/base/VectorKernel.hpp"
+
 namespace mobrel::kernels {
 
 // A component v stands in a plane as 128 v + 16448: with room above and below for what a kernel overshoots
@@ -24,12 +26,14 @@ struct PlaneLines {
 };
 
 /// Takes `count` pixels of 4 bytes apart. Byte 3 is not looked at.
-std::size_t unpackedPixels(const std::uint8_t* pixels, std::size_t count,
-                           const PlaneLines<std::uint16_t>& planes);
+extern const VectorKernel<std::size_t(const std::uint8_t* pixels, std::size_t count,
+                                      const PlaneLines<std::uint16_t>& planes)>
+    deinterleavePixels;
 
 /// Rounds the planes' values, halves upwards, limits them to 0 to 255, and makes pixels of them whose byte 3
 /// is 0.
-std::size_t repackedPixels(const PlaneLines<const std::uint16_t>& planes, std::size_t count,
-                           std::uint8_t* pixels);
+extern const VectorKernel<std::size_t(const PlaneLines<const std::uint16_t>& planes, std::size_t count,
+                                      std::uint8_t* pixels)>
+    interleavePixels;
 
 }  // namespace mobrel::kernels
