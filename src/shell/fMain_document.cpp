@@ -7,6 +7,7 @@
 #include "imaging/mGDIpEx.hpp"
 #include "platform/base/AsciiText.hpp"
 #include "platform/pictures/PictureLoader.hpp"
+#include "platform/system/AtomicFile.hpp"
 #include "platform/system/Files.hpp"
 #include "platform/system/Process.hpp"
 #include "shell/fMain.hpp"
@@ -85,11 +86,9 @@ void fMain::writeResult() {
 }
 
 void fMain::writeAside(const std::string& path) {
-    AsideFile aside(path, 0666);
-    FileWriter writer = aside.writer();
-    DIBSave.Write_BMP(writer, Canvas.DIB, DIBPal, DIBDither.get(), BPP);
-    writer.close();
-    aside.replaceTarget();
+    replaceFile(path, [&](FileWriter& writer) {
+        DIBSave.Write_BMP(writer, Canvas.DIB, DIBPal, DIBDither.get(), BPP);
+    });
 }
 
 /// Null, after a message, when no picture came back.

@@ -3,6 +3,8 @@
 
 #include <dlfcn.h>
 
+#include "platform/system/Module.hpp"
+
 namespace mobrel {
 
 namespace {
@@ -15,18 +17,17 @@ std::string moduleBesideThisLibrary() {
     return joinPath(folderOf(library.dli_fname), kModule);
 }
 
-const Codecs& openModule() {
+const Codecs& openCodecs() {
     const std::string beside = moduleBesideThisLibrary();
-    void* const module = ::dlopen(fileExists(beside) ? beside.c_str() : kModule, RTLD_NOW | RTLD_LOCAL);
-    const void* const functions = module == nullptr ? nullptr : ::dlsym(module, "mobrelCodecs");
-    if (functions == nullptr) throw ModuleError(::dlerror());
-    return *static_cast<const Codecs*>(functions);
+    const ModuleSymbol functions = findModuleSymbol(fileExists(beside) ? beside : kModule, "mobrelCodecs");
+    if (functions.address == nullptr) throw ModuleError(functions.failure);
+    return *static_cast<const Codecs*>(functions.address);
 }
 
 }  // namespace
 
 const Codecs& codecs() {
-    static const Codecs& opened = openModule();
+    static const Codecs& opened = openCodecs();
     return opened;
 }
 

@@ -81,7 +81,7 @@ FileDescriptor sealedCopyOf(const PictureView& picture) {
     FileDescriptor file(::memfd_create("mobrel-clipboard", MFD_CLOEXEC | MFD_ALLOW_SEALING));
     if (!file.isOpen()) throwSystemError(errno, "no memory file");
     writePicture(file.get(), picture);
-    if (::fcntl(file.get(), F_ADD_SEALS, F_SEAL_WRITE | F_SEAL_SHRINK | F_SEAL_GROW | F_SEAL_SEAL) != 0) {
+    if (::fcntl(file.get(), F_ADD_SEALS, kHeldPictureSeals) != 0) {
         throwSystemError(errno, "the memory file cannot be sealed");
     }
     return aboveHoldersOwn(std::move(file));

@@ -2,6 +2,8 @@
 // Puts a picture on the clipboard so that it stays there after this process has ended.
 #pragma once
 
+#include <fcntl.h>
+
 #include <cstdint>
 
 #include "platform/pictures/PictureView.hpp"
@@ -18,7 +20,7 @@ namespace mobrel {
 bool holdPictureOnClipboard(const PictureView& picture) noexcept;
 
 /// The head of the memory file with the picture, for mobrel-clipboard. Behind it stand the lines as in
-/// PictureView, top first, without padding. The file carries all four seals of memfd_create(2).
+/// PictureView, top first, without padding.
 struct HeldPictureHeader {
     static constexpr std::uint32_t kMagic = 0x5043424D;  // MBCP
     static constexpr std::uint32_t kVersion = 1;
@@ -28,6 +30,9 @@ struct HeldPictureHeader {
     std::int32_t width = 0;
     std::int32_t height = 0;
 };
+
+/// The seals that the file carries: it can never change.
+constexpr int kHeldPictureSeals = F_SEAL_WRITE | F_SEAL_SHRINK | F_SEAL_GROW | F_SEAL_SEAL;
 
 /// The descriptors that mobrel-clipboard is started with, beside the standard streams.
 constexpr int kHeldPictureDescriptor = 3;

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "platform/screen/DesktopModule.hpp"
 
-#include <dlfcn.h>
-
 #include <cstdio>
 #include <string>
 
 #include "platform/system/Files.hpp"
+#include "platform/system/Module.hpp"
 
 namespace mobrel {
 
@@ -28,11 +27,9 @@ const Desktop* openModule() {
     if (!isDisplayNamed()) return nullptr;
     const std::string file = helperFile(kModuleFile);
     if (file.empty()) return tellNoDesktop((std::string(kModuleFile) + " is missing").c_str());
-    void* const module = ::dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (module == nullptr) return tellNoDesktop(::dlerror());
-    auto* const open = reinterpret_cast<OpenDesktopFunction*>(::dlsym(module, kOpenDesktop));
-    if (open == nullptr) return tellNoDesktop(::dlerror());
-    const Desktop* const desktop = open();
+    const ModuleSymbol open = findModuleSymbol(file, kOpenDesktop);
+    if (open.address == nullptr) return tellNoDesktop(open.failure.c_str());
+    const Desktop* const desktop = reinterpret_cast<OpenDesktopFunction*>(open.address)();
     return desktop != nullptr ? desktop : tellNoDesktop("the display does not answer");
 }
 

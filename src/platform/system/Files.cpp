@@ -7,7 +7,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <atomic>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -22,32 +21,9 @@ namespace mobrel {
 namespace {
 
 constexpr std::size_t kPendingBytes = 64 * 1024;
-constexpr int kMostNameTries = 1000;
-
-[[noreturn]] void throwErrno(int errnoValue) {
-    throw RuntimeError(errorNumberOf(errnoValue));
-}
-
-// A system call sees a name only up to its first zero byte, which would be another file.
-bool isSystemName(const std::string& path) noexcept {
-    return path.find('\0') == std::string::npos;
-}
-
-// -1 and errno when it fails.
-int openDescriptor(const std::string& path, int flags, mode_t mode = 0) noexcept {
-    if (!isSystemName(path)) {
-        errno = EINVAL;
-        return -1;
-    }
-    int descriptor = -1;
-    do {
-        descriptor = ::open(path.c_str(), flags | O_CLOEXEC, mode);
-    } while (descriptor < 0 && errno == EINTR);
-    return descriptor;
-}
 
 FileDescriptor openForWriting(const std::string& path, int flags, mode_t mode) {
-    FileDescriptor descriptor(openDescriptor(path, O_WRONLY | O_CREAT | flags, mode));
+    FileDescriptor descriptor = openFile(path, O_WRONLY | O_CREAT | flags, mode);
     if (!descriptor.isOpen()) throwErrno(errno);
     return descriptor;
 }
@@ -84,6 +60,11 @@ std::vector<std::string> namesIn(const std::string& folder) {
     return names;
 }
 
+std::filesystem::path executableFolder() {
+    std::error_code error;
+    return std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+}
+
 }  // namespace
 
 ErrorNumber errorNumberOf(int errnoValue) noexcept {
@@ -117,20 +98,52 @@ ErrorNumber errorNumberOf(int errnoValue) noexcept {
     }
 }
 
+void throwErrno(int errnoValue) {
+    throw RuntimeError(errorNumberOf(errnoValue));
+}
+
+bool isSystemName(const std::string& path) noexcept {
+    return path.find('\0') == std::string::npos;
+}
+
 void FileDescriptor::reset(int descriptor) noexcept {
     const int old = std::exchange(m_descriptor, descriptor);
     if (old >= 0) ::close(old);
 }
 
-FileSource::FileSource(const std::string& path)
-    : m_owned(openDescriptor(path, O_RDONLY)), m_descriptor(m_owned.get()) {
-    if (!m_owned.isOpen()) {
-        const int reason = errno;
-        if (reason == ENOENT) throw RuntimeError(ErrorNumber::FileNotFound);
-        throwErrno(reason);
+FileDescriptor duplicateOf(int descriptor) {
+    FileDescriptor copy(::fcntl(descriptor, F_DUPFD_CLOEXEC, 0));
+    if (!copy.isOpen()) throwErrno(errno);
+    return copy;
+}
+
+FileDescriptor openFile(const std::string& path, int flags, mode_t mode) noexcept {
+    if (!isSystemName(path)) {
+        errno = EINVAL;
+        return {};
     }
+    int descriptor = -1;
+    do {
+        descriptor = ::open(path.c_str(), flags | O_CLOEXEC, mode);
+    } while (descriptor < 0 && errno == EINTR);
+    return FileDescriptor(descriptor);
+}
+
+FileDescriptor openRegularFile(const std::string& path) noexcept {
+    FileDescriptor file = openFile(path, O_RDONLY | O_NONBLOCK);
     struct stat status = {};
-    if (::fstat(m_descriptor, &status) == 0 && S_ISDIR(status.st_mode)) throwErrno(EISDIR);
+    if (!file.isOpen() || ::fstat(file.get(), &status) != 0) return {};
+    if (S_ISREG(status.st_mode)) return file;
+    file.reset();
+    errno = S_ISDIR(status.st_mode) ? EISDIR : ESPIPE;
+    return {};
+}
+
+FileSource::FileSource(const std::string& path)
+    : m_owned(openRegularFile(path)), m_descriptor(m_owned.get()) {
+    if (m_owned.isOpen()) return;
+    if (errno == ENOENT) throw RuntimeError(ErrorNumber::FileNotFound);
+    throwErrno(errno);
 }
 
 std::size_t FileSource::read(std::span<std::uint8_t> into) {
@@ -192,70 +205,18 @@ void FileWriter::flush() {
     m_pending.swap(pending);
 }
 
+void FileWriter::sync() {
+    flush();
+    // A file system without such a thing says EINVAL.
+    if (::fdatasync(m_descriptor.get()) != 0 && errno != EINVAL) throwErrno(errno);
+}
+
 void FileWriter::close() {
     if (!m_descriptor.isOpen()) return;
     FileDescriptor closing = std::move(m_descriptor);
     writeAll(closing.get(), m_pending);
     // An interrupted close has closed the descriptor all the same.
     if (::close(closing.release()) != 0 && errno != EINTR) throwErrno(errno);
-}
-
-AsideFile::AsideFile(const std::string& target, mode_t mode) : m_target(target) {
-    static std::atomic<unsigned> counter = static_cast<unsigned>(::getpid()) * 64;
-    // Made from the folder alone, so that it fits wherever the target's own name does.
-    const std::string prefix = target.substr(0, target.rfind('/') + 1) + ".mobrel-";
-    for (int tries = 0; tries < kMostNameTries && !m_file.isOpen(); ++tries) {
-        char digits[8];
-        std::snprintf(digits, sizeof digits, "%06x", counter++ & 0xFFFFFFu);
-        m_name = prefix + digits;
-        m_file.reset(openDescriptor(m_name, O_WRONLY | O_CREAT | O_EXCL, mode));
-        if (!m_file.isOpen() && errno != EEXIST) throwErrno(errno);
-    }
-    if (!m_file.isOpen()) throwErrno(EEXIST);
-}
-
-AsideFile::~AsideFile() {
-    if (!m_name.empty()) ::unlink(m_name.c_str());
-}
-
-void AsideFile::setMode(mode_t mode) {
-    if (::fchmod(m_file.get(), mode) != 0) throwErrno(errno);
-}
-
-void AsideFile::setOwnerIfPossible(uid_t owner, gid_t group) noexcept {
-    // An owner can give a file to a group of his, but not away.
-    if (::fchown(m_file.get(), owner, group) != 0) {
-        [[maybe_unused]] const int groupOnly = ::fchown(m_file.get(), static_cast<uid_t>(-1), group);
-    }
-}
-
-FileWriter AsideFile::writer() const {
-    FileDescriptor copy(::fcntl(m_file.get(), F_DUPFD_CLOEXEC, 0));
-    if (!copy.isOpen()) throwErrno(errno);
-    return FileWriter(std::move(copy));
-}
-
-void AsideFile::sync() {
-    // A file system without such a thing says EINVAL.
-    if (::fdatasync(m_file.get()) != 0 && errno != EINVAL) throwErrno(errno);
-}
-
-void AsideFile::replaceTarget() {
-    if (!isSystemName(m_target)) throwErrno(EINVAL);
-    if (::rename(m_name.c_str(), m_target.c_str()) != 0) throwErrno(errno);
-    m_name.clear();
-}
-
-void AsideFile::takeFreePlace() {
-    if (!isSystemName(m_target)) throwErrno(EINVAL);
-    const int renamed = ::renameat2(AT_FDCWD, m_name.c_str(), AT_FDCWD, m_target.c_str(), RENAME_NOREPLACE);
-    if (renamed == 0) {
-        m_name.clear();
-        return;
-    }
-    // Some file systems cannot do it in one; a second name is refused where there is one, too.
-    if (errno != EINVAL && errno != ENOSYS) throwErrno(errno);
-    if (::link(m_name.c_str(), m_target.c_str()) != 0) throwErrno(errno);
 }
 
 bool fileExists(const std::string& path) noexcept {
@@ -298,18 +259,14 @@ std::string folderOf(const std::string& path) {
 std::string programFolder() {
     std::string folder;
     if (const char* const set = std::getenv("MOBREL_FOLDER")) folder = set;
-    if (folder.empty()) {
-        std::error_code error;
-        folder = std::filesystem::read_symlink("/proc/self/exe", error).parent_path().string();
-    }
+    if (folder.empty()) folder = executableFolder().string();
     if (folder.empty()) return ".";
     const std::string_view trimmed = withoutTrailingSeparators(folder);
     return trimmed.empty() ? "/" : std::string(trimmed);
 }
 
 std::string helperFile(std::string_view name) {
-    std::error_code error;
-    const std::filesystem::path folder = std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+    const std::filesystem::path folder = executableFolder();
     for (const char* const place : {".", "../lib/mobrel", "../libexec/mobrel"}) {
         std::string file = (folder / place / name).lexically_normal();
         if (::access(file.c_str(), R_OK) == 0) return file;

@@ -26,6 +26,13 @@ namespace mobrel {
 /// Sources: IEEE Std 1003.1 (errors of open, read, write, close) and errno(3).
 ErrorNumber errorNumberOf(int errnoValue) noexcept;
 
+/// Throws RuntimeError(errorNumberOf(errnoValue)).
+[[noreturn]] void throwErrno(int errnoValue);
+
+/// False for a name with a zero byte: a system call would take what stands before it for the name, which is
+/// another file.
+bool isSystemName(const std::string& path) noexcept;
+
 /// An open descriptor, closed at the end of its life.
 class FileDescriptor {
  public:
@@ -51,10 +58,21 @@ class FileDescriptor {
     int m_descriptor = -1;
 };
 
+/// Another descriptor of the same open file. Throws RuntimeError, errorNumberOf the reason.
+FileDescriptor duplicateOf(int descriptor);
+
+/// Opens a file by open(2), to be closed where another program is started. Not open, and errno tells why,
+/// when it fails.
+FileDescriptor openFile(const std::string& path, int flags, mode_t mode = 0) noexcept;
+
+/// Opens a regular file for reading. Never waits for the other end of a pipe. Not open, and errno tells why,
+/// when it fails: EISDIR for a folder, ESPIPE for a pipe, a device and the like.
+FileDescriptor openRegularFile(const std::string& path) noexcept;
+
 /// A file, or whatever else a descriptor reads from, as a stream of bytes.
 class FileSource final : public ByteSource {
  public:
-    /// Opens a file. Throws RuntimeError: FileNotFound when there is none of that name, else
+    /// Opens a regular file. Throws RuntimeError: FileNotFound when there is none of that name, else
     /// errorNumberOf the reason; a folder is PathFileAccess.
     explicit FileSource(const std::string& path);
 
@@ -97,6 +115,9 @@ class FileWriter {
     /// when an error came is lost.
     void write(std::span<const std::uint8_t> bytes);
 
+    /// Writes what is pending and waits until all bytes are on the disk. Throws as write does.
+    void sync();
+
     /// Writes what is pending and closes. Throws as write does; the file is closed then, too.
     /// Closing again does nothing.
     void close();
@@ -106,44 +127,6 @@ class FileWriter {
 
     FileDescriptor m_descriptor;
     std::vector<std::uint8_t> m_pending;
-};
-
-/// A new file that shall take the place of another when it is whole: nobody ever sees half of it, and
-/// the other stays as it is when something fails. It lies in the same folder under a hidden name of its
-/// own, and is deleted at the end of its life unless it has taken the place.
-class AsideFile {
- public:
-    /// Makes the file, empty, with this mode under the process's mask. The target is only named. Throws
-    /// RuntimeError, errorNumberOf the reason, as the other operations do.
-    AsideFile(const std::string& target, mode_t mode);
-    AsideFile(const AsideFile&) = delete;
-    AsideFile& operator=(const AsideFile&) = delete;
-    ~AsideFile();
-
-    void setMode(mode_t mode);
-
-    /// Hands the file over to another owner and group, as far as this process may; what it may not
-    /// stays. To be done before setMode, which it can undo in part.
-    void setOwnerIfPossible(uid_t owner, gid_t group) noexcept;
-
-    /// A writer into the file. Its close() tells of late errors, so it belongs before the operations
-    /// below.
-    FileWriter writer() const;
-
-    /// Waits until the bytes are on the disk.
-    void sync();
-
-    /// Takes the target's place, whether there was a file or not. A symbolic link of that name goes,
-    /// not what it leads to.
-    void replaceTarget();
-
-    /// The same where there is nothing of that name; PathFileAccess where there is.
-    void takeFreePlace();
-
- private:
-    std::string m_target;
-    std::string m_name;
-    FileDescriptor m_file;
 };
 
 /// True for a file, a folder or anything else of that name; a link counts when its target is there.

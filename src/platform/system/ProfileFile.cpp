@@ -14,6 +14,7 @@
 
 #include "platform/base/AsciiText.hpp"
 #include "platform/base/RuntimeError.hpp"
+#include "platform/system/AtomicFile.hpp"
 #include "platform/system/Files.hpp"
 #include "platform/system/ProfileText.hpp"
 
@@ -36,16 +37,13 @@ struct Contents {
 // What is no regular file is of no use.
 Contents readProfile(const std::string& path) {
     Contents contents;
-    // A pipe of that name must not hold up the opening.
-    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    const FileDescriptor file = openRegularFile(path);
     if (!file.isOpen()) {
         if (errno == ENOENT) contents.state = FileState::Absent;
         return contents;
     }
     struct stat& status = contents.status;
-    if (::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode) || status.st_size > kLargestFile) {
-        return contents;
-    }
+    if (::fstat(file.get(), &status) != 0 || status.st_size > kLargestFile) return contents;
     contents.bytes.resize(static_cast<std::size_t>(status.st_size));
     const bool complete = skipErrors([&] {
         auto* const bytes = reinterpret_cast<std::uint8_t*>(contents.bytes.data());
@@ -67,20 +65,8 @@ std::optional<std::string> withoutLinks(const std::string& path) {
     return std::nullopt;
 }
 
-void writeText(FileWriter writer, std::string_view bytes) {
+void writeText(FileWriter& writer, std::string_view bytes) {
     writer.write({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
-    writer.close();
-}
-
-// The rename is what a reader sees, so it sees the old or the new file, whole, even when this process
-// ends at any point. There is no sync: it would protect from a loss of power only, and slow down each of
-// the many short writes of a program that starts another.
-bool createProfile(const std::string& path, std::string_view bytes) {
-    return skipErrors([&] {
-        AsideFile aside(path, 0666);
-        writeText(aside.writer(), bytes);
-        aside.replaceTarget();
-    });
 }
 
 bool mayWriteTo(const std::string& path) {
@@ -89,29 +75,28 @@ bool mayWriteTo(const std::string& path) {
 
 // Over the old bytes, in a folder that takes no new file.
 bool overwriteProfile(const std::string& path, std::string_view bytes) {
-    FileDescriptor file(::open(path.c_str(), O_WRONLY | O_CLOEXEC));
+    const FileDescriptor file = openFile(path, O_WRONLY);
     if (!file.isOpen()) return false;
-    const FileDescriptor kept(::fcntl(file.get(), F_DUPFD_CLOEXEC, 0));
-    return skipErrors([&] { writeText(FileWriter(std::move(file)), bytes); }) &&
-           ::ftruncate(kept.get(), static_cast<off_t>(bytes.size())) == 0;
-}
-
-bool replaceProfile(const std::string& path, std::string_view bytes, const struct stat& old) {
-    // A rename needs no right to write to the file it replaces, but a protected file stays as it is.
-    if (!mayWriteTo(path)) return false;
-    if (!mayWriteTo(folderOf(path))) return overwriteProfile(path, bytes);
     return skipErrors([&] {
-        AsideFile aside(path, 0600);
-        aside.setOwnerIfPossible(old.st_uid, old.st_gid);
-        aside.setMode(old.st_mode & 0777);
-        writeText(aside.writer(), bytes);
-        aside.replaceTarget();
+        FileWriter writer(duplicateOf(file.get()));
+        writeText(writer, bytes);
+        writer.close();
+        if (::ftruncate(file.get(), static_cast<off_t>(bytes.size())) != 0) throwErrno(errno);
     });
 }
 
-// A system call sees a name only up to its first zero byte, which would be another file.
-bool isFileName(const std::string& path) noexcept {
-    return !path.empty() && path.find('\0') == std::string::npos;
+// There is no sync: it would protect from a loss of power only, and slow down each of the many short writes
+// of a program that starts another.
+bool writeProfile(const std::string& path, std::string_view bytes, const Contents& old) {
+    const auto write = [&](FileWriter& writer) { writeText(writer, bytes); };
+    if (old.state == FileState::Absent) return skipErrors([&] { replaceFile(path, write); });
+    // A rename needs no right to write to the file it replaces, but a protected file stays as it is.
+    if (!mayWriteTo(path)) return false;
+    if (!mayWriteTo(folderOf(path))) return overwriteProfile(path, bytes);
+    const struct stat& status = old.status;
+    return skipErrors([&] {
+        replaceFile(path, {status.st_uid, status.st_gid, status.st_mode & 0777}, write);
+    });
 }
 
 }  // namespace
@@ -121,10 +106,8 @@ std::string GetPrivateProfileString(std::string_view section, std::string_view k
                                     const std::string& path) {
     if (size == 0) return {};
     std::optional<std::string> value;
-    if (isFileName(path)) {
-        const Contents contents = readProfile(path);
-        if (contents.state == FileState::Present) value = profileValue(contents.bytes, section, key);
-    }
+    const Contents contents = readProfile(path);
+    if (contents.state == FileState::Present) value = profileValue(contents.bytes, section, key);
     if (!value) value = withoutOuterQuotes(withoutTrailingBlanks(defaultValue));
     if (value->size() > size - 1) value->resize(size - 1);
     return *std::move(value);
@@ -137,8 +120,8 @@ bool WritePrivateProfileString(std::string_view section, std::string_view key, s
 }
 
 bool WritePrivateProfileStrings(std::span<const ProfileValue> values, const std::string& path) {
-    const auto target = isFileName(path) ? withoutLinks(path) : std::nullopt;
-    if (!target) return false;
+    const auto target = isSystemName(path) ? withoutLinks(path) : std::nullopt;
+    if (!target || target->empty()) return false;
     const Contents old = readProfile(*target);
     if (old.state == FileState::Unusable) return false;
     std::string bytes = old.bytes;
@@ -149,8 +132,7 @@ bool WritePrivateProfileStrings(std::span<const ProfileValue> values, const std:
         if (changed) bytes = *std::move(changed);
     }
     if (bytes == old.bytes) return takesAll;
-    if (old.state == FileState::Absent) return createProfile(*target, bytes) && takesAll;
-    return replaceProfile(*target, bytes, old.status) && takesAll;
+    return writeProfile(*target, bytes, old) && takesAll;
 }
 
 }  // namespace mobrel

@@ -14,26 +14,25 @@ namespace mobrel::clipboard {
 
 namespace {
 
+void require(bool holds) {
+    if (!holds) throw RuntimeError(ErrorNumber::InvalidPicture);
+}
+
 // Unsealed, it could change or shrink under the mapping.
 int sealedDescriptor(int descriptor) {
-    constexpr int kNeeded = F_SEAL_WRITE | F_SEAL_SHRINK | F_SEAL_GROW | F_SEAL_SEAL;
     const int seals = ::fcntl(descriptor, F_GET_SEALS);
-    if (seals < 0 || (seals & kNeeded) != kNeeded) throw RuntimeError(ErrorNumber::InvalidPicture);
+    require(seals >= 0 && (seals & kHeldPictureSeals) == kHeldPictureSeals);
     return descriptor;
 }
 
 PictureView checkedView(std::span<const std::uint8_t> file) {
     HeldPictureHeader header;
-    if (file.size() < sizeof header) throw RuntimeError(ErrorNumber::InvalidPicture);
+    require(file.size() >= sizeof header);
     std::memcpy(&header, file.data(), sizeof header);
-    if (header.magic != HeldPictureHeader::kMagic || header.version != HeldPictureHeader::kVersion ||
-        !PixelBuffer::isValidSize(header.width, header.height)) {
-        throw RuntimeError(ErrorNumber::InvalidPicture);
-    }
+    require(header.magic == HeldPictureHeader::kMagic && header.version == HeldPictureHeader::kVersion);
+    require(PixelBuffer::isValidSize(header.width, header.height));
     const std::size_t stride = static_cast<std::size_t>(header.width) * 4;
-    if (file.size() != sizeof header + stride * static_cast<std::size_t>(header.height)) {
-        throw RuntimeError(ErrorNumber::InvalidPicture);
-    }
+    require(file.size() == sizeof header + stride * static_cast<std::size_t>(header.height));
     return {file.data() + sizeof header, static_cast<std::ptrdiff_t>(stride), header.width, header.height};
 }
 

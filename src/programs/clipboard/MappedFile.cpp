@@ -12,12 +12,12 @@ namespace mobrel::clipboard {
 
 MappedFile::MappedFile(int descriptor) {
     struct stat status = {};
-    if (::fstat(descriptor, &status) != 0) throw RuntimeError(errorNumberOf(errno));
+    if (::fstat(descriptor, &status) != 0) throwErrno(errno);
     m_size = static_cast<std::size_t>(status.st_size);
     // Private, though it is only read: a file that is sealed against writing refuses a shared mapping
     // through a descriptor that may write.
     void* const mapped = ::mmap(nullptr, m_size, PROT_READ, MAP_PRIVATE, descriptor, 0);
-    if (mapped == MAP_FAILED) throw RuntimeError(errorNumberOf(errno));
+    if (mapped == MAP_FAILED) throwErrno(errno);
     m_bytes = static_cast<const std::uint8_t*>(mapped);
 }
 

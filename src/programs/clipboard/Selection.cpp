@@ -124,8 +124,7 @@ bool Selection::isInTime(xcb_timestamp_t time) const {
 }
 
 bool Selection::convert(xcb_window_t requestor, xcb_atom_t target, xcb_atom_t property) {
-    const auto known = std::find_if(m_targets.begin(), m_targets.end(),
-                                    [target](const Target& one) { return one.atom == target; });
+    const auto known = std::ranges::find(m_targets, target, &Target::atom);
     bool given = false;
     if (known != m_targets.end() && property != XCB_ATOM_NONE) {
         skipErrors([&] { given = give(requestor, *known, property); });

@@ -69,9 +69,7 @@ void Transfers::endLateOnes() {
 
 std::optional<std::chrono::milliseconds> Transfers::timeLeft() const {
     if (m_running.empty()) return std::nullopt;
-    const auto first = std::min_element(
-        m_running.begin(), m_running.end(),
-        [](const Transfer& one, const Transfer& other) { return one.deadline < other.deadline; });
+    const auto first = std::ranges::min_element(m_running, {}, &Transfer::deadline);
     return std::chrono::ceil<std::chrono::milliseconds>(first->deadline - Clock::now());
 }
 
@@ -92,9 +90,8 @@ void Transfers::listenTo(xcb_window_t window, std::uint32_t events) const {
 }
 
 void Transfers::stopListening(xcb_window_t window) const {
-    const bool more = std::any_of(m_running.begin(), m_running.end(),
-                                  [window](const Transfer& transfer) { return transfer.window == window; });
-    if (!more) listenTo(window, XCB_EVENT_MASK_NO_EVENT);
+    const bool isLast = std::ranges::find(m_running, window, &Transfer::window) == m_running.end();
+    if (isLast) listenTo(window, XCB_EVENT_MASK_NO_EVENT);
 }
 
 }  // namespace mobrel::clipboard

@@ -28,7 +28,7 @@ constexpr unsigned kMostSecondsToStart = 10;
 // started, which ends at once, and keeps no child that it would have to wait for later.
 bool isTheOneThatStays() {
     const pid_t child = ::fork();
-    if (child < 0) throw RuntimeError(errorNumberOf(errno));
+    if (child < 0) throwErrno(errno);
     return child == 0;
 }
 

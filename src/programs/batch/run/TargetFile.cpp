@@ -40,12 +40,6 @@ void namingTarget(const std::string& target, Statement&& statement) {
     }
 }
 
-void writeAside(const AsideFile& aside, const WriteContents& write) {
-    FileWriter file = aside.writer();
-    write(file);
-    file.close();
-}
-
 }  // namespace
 
 void checkFree(const std::string& target) {
@@ -56,20 +50,17 @@ void checkFree(const std::string& target) {
 void writeBeside(const std::string& target, const WriteContents& write) {
     checkFolder(target);
     namingTarget(target, [&] {
-        AsideFile aside(target, 0666);
-        writeAside(aside, write);
-        checkFree(target);
-        aside.takeFreePlace();
+        createFile(target, [&](FileWriter& file) {
+            write(file);
+            file.close();
+            checkFree(target);
+        });
     });
 }
 
 void writeOver(const std::string& target, const WriteContents& write) {
     checkFolder(target);
-    namingTarget(target, [&] {
-        AsideFile aside(target, 0666);
-        writeAside(aside, write);
-        aside.replaceTarget();
-    });
+    namingTarget(target, [&] { replaceFile(target, write); });
 }
 
 void writeInPlace(const std::string& target, const WriteContents& write) {
@@ -79,20 +70,17 @@ void writeInPlace(const std::string& target, const WriteContents& write) {
     if (::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) failAt(target, systemReason());
     checkFolder(target);
     namingTarget(target, [&] {
-        AsideFile aside(target, 0600);
-        writeAside(aside, write);
-        aside.setOwnerIfPossible(status.st_uid, status.st_gid);
-        aside.setMode(status.st_mode & 07777);
-        aside.sync();
-        aside.replaceTarget();
+        const FileAttributes attributes{status.st_uid, status.st_gid, status.st_mode & 07777};
+        replaceFile(target, attributes, [&](FileWriter& file) {
+            write(file);
+            file.sync();
+        });
     });
 }
 
 void writeToStandardOutput(const WriteContents& write) {
     namingTarget("standard output", [&] {
-        FileDescriptor copy(::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0));
-        if (!copy.isOpen()) throw RuntimeError(errorNumberOf(errno));
-        FileWriter file(std::move(copy));
+        FileWriter file(duplicateOf(STDOUT_FILENO));
         write(file);
         file.close();
     });

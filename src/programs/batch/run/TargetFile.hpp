@@ -2,17 +2,14 @@
 // Puts results in their places, whole or not at all.
 #pragma once
 
-#include <functional>
 #include <string>
 
-#include "platform/system/Files.hpp"
+#include "platform/system/AtomicFile.hpp"
 
 namespace mobrel::batch {
 
-using WriteContents = std::function<void(FileWriter&)>;
-
-// The file operations write aside, in the target's folder, and rename. Each throws Failure, which names
-// the target, and then leaves it as it was.
+// The file operations are those of AtomicFile.hpp. Each throws Failure, which names the target, and then
+// leaves it as it was.
 
 /// Throws Failure when there is anything of that name already, be it a link that leads nowhere.
 void checkFree(const std::string& target);

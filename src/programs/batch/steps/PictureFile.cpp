@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "programs/batch/steps/PictureFile.hpp"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-
 #include <cerrno>
 #include <memory>
 #include <system_error>
@@ -17,15 +14,11 @@ namespace mobrel::batch {
 namespace {
 
 FileDescriptor openPicture(const std::string& path) {
-    // A pipe of that name must not hold up the opening.
-    FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    struct stat status = {};
-    if (!file.isOpen() || ::fstat(file.get(), &status) != 0) {
-        throw Failure(std::generic_category().message(errno));
-    }
-    if (S_ISDIR(status.st_mode)) throw Failure("is a folder");
-    if (!S_ISREG(status.st_mode)) throw Failure("is no regular file");
-    return file;
+    FileDescriptor file = openRegularFile(path);
+    if (file.isOpen()) return file;
+    if (errno == EISDIR) throw Failure("is a folder");
+    if (errno == ESPIPE) throw Failure("is no regular file");
+    throw Failure(std::generic_category().message(errno));
 }
 
 }  // namespace
