@@ -23,7 +23,7 @@
 #include "imaging/cDIBPal.hpp"
 #include "imaging/cDIBSave.hpp"
 #include "imaging/mGDIpEx.hpp"
-#include "platform/pictures/PictureLoader.hpp"
+#include "platform/pictures/PictureReader.hpp"
 #include "support/PictureBench.hpp"
 #include "support/TestPictures.hpp"
 
@@ -276,7 +276,7 @@ PictureOperation load(const std::shared_ptr<BenchFile>& file) {
     return {"files", "Load_BMP",
             [file](cDIB& picture) {
                 cDIBPal palette;
-                picture.CreateFromStdPicture(loadPicture(file->path()), palette, nullptr);
+                picture.CreateFromStdPicture(readPictureFile(file->path()), palette, nullptr);
             },
             [](cDIB&) {},  // what was saved comes back
             [file](cDIB& picture) {

@@ -8,8 +8,8 @@
 #include <span>
 #include <string>
 
-#include "platform/pictures/BmpInput.hpp"
 #include "platform/pictures/BmpReader.hpp"
+#include "platform/pictures/LittleEndian.hpp"
 #include "support/PictureChecks.hpp"
 
 namespace {
@@ -36,8 +36,9 @@ void require(bool holds, const std::string& what) {
 }
 
 std::optional<StdPicture> readFrom(ByteSource&& source) {
+    BufferedSource buffered(source);
     try {
-        return readBmp(source);
+        return readBmp(buffered);
     } catch (const PictureError& error) {
         require(*error.what() != '\0', "a refusal without a reason");
         return std::nullopt;

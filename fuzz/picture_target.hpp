@@ -11,11 +11,12 @@
 #include <string>
 
 #include "platform/pictures/ReadOptions.hpp"
+#include "platform/system/BufferedSource.hpp"
 #include "support/PictureChecks.hpp"
 
 namespace mobrel::fuzz {
 
-using Reader = StdPicture (*)(ByteSource&, const ReadOptions&);
+using Reader = StdPicture (*)(BufferedSource&, const ReadOptions&);
 
 inline void require(bool holds, const std::string& what) {
     if (holds) return;
@@ -26,8 +27,9 @@ inline void require(bool holds, const std::string& what) {
 inline std::optional<StdPicture> readFrom(Reader reader, ByteSource&& source) {
     // No input costs more memory and time than a fuzzer has.
     constexpr ReadOptions kOptions{.background = 0x123456, .maxPixels = 1 << 16};
+    BufferedSource buffered(source);
     try {
-        return reader(source, kOptions);
+        return reader(buffered, kOptions);
     } catch (const PictureError& error) {
         require(*error.what() != '\0', "a refusal without a reason");
         return std::nullopt;

@@ -8,7 +8,7 @@
 #include <cstring>
 #include <utility>
 
-#include "platform/pictures/PictureLoader.hpp"
+#include "platform/pictures/PictureReader.hpp"
 
 namespace mobrel {
 
@@ -21,8 +21,9 @@ constexpr std::array kFormats = {"image/png",      "image/bmp",  "image/x-bmp",
 std::unique_ptr<StdPicture> read(const QByteArray& bytes) {
     std::unique_ptr<StdPicture> picture;
     skipErrors([&] {
-        MemorySource source(
+        MemorySource memory(
             {reinterpret_cast<const std::uint8_t*>(bytes.data()), static_cast<std::size_t>(bytes.size())});
+        BufferedSource source(memory);
         picture = std::make_unique<StdPicture>(readPicture(source).picture);
     });
     return picture;

@@ -20,13 +20,11 @@ void writeReduced(FileWriter& file, const cDIB& DIB) {
 }  // namespace
 
 std::unique_ptr<StdPicture> LoadPictureGDIp(const std::string& FileName) {
-    // Opening a pipe would wait for somebody to write to it.
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(FileName, error)) return nullptr;
     std::unique_ptr<StdPicture> picture;
     skipErrors([&] {
         FileSource file(FileName);
-        picture = std::make_unique<StdPicture>(codecs().readPng(file, {}));
+        BufferedSource source(file);
+        picture = std::make_unique<StdPicture>(codecs().readPng(source, {}));
     });
     return picture;
 }

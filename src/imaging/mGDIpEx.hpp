@@ -14,7 +14,7 @@ namespace mobrel {
 /// The formats of SaveDIB.
 enum class ImageFormat : int { Gif = 0, Jpeg = 1, Png = 2 };
 
-/// Loads a PNG file, transparent pixels over black. Null when it cannot be read.
+/// Reads a PNG file, transparent pixels over black. Null when it cannot be read.
 std::unique_ptr<StdPicture> LoadPictureGDIp(const std::string& FileName);
 
 /// Writes the surface into a file that is open, which is left open. Errors: 5 for an empty surface, an

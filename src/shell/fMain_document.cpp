@@ -6,7 +6,7 @@
 
 #include "imaging/mGDIpEx.hpp"
 #include "platform/base/AsciiText.hpp"
-#include "platform/pictures/PictureLoader.hpp"
+#include "platform/pictures/PictureReader.hpp"
 #include "platform/system/AtomicFile.hpp"
 #include "platform/system/Files.hpp"
 #include "platform/system/Process.hpp"
@@ -97,7 +97,7 @@ std::unique_ptr<StdPicture> fMain::pvLoadPictureFile(const std::string& path) {
     if (equalIgnoringCase(pvFileType(path), "png")) {
         picture = LoadPictureGDIp(path);
     } else {
-        skipErrors([&] { picture = loadPicture(path); });
+        skipErrors([&] { picture = readPictureFile(path); });
     }
     if (!picture) {
         m_desktop.windows->message("Unexpected error loading image", MessageIcon::Exclamation,

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdio>
 
-#include "platform/pictures/PictureLoader.hpp"
+#include "platform/pictures/PictureReader.hpp"
 #include "platform/system/Files.hpp"
 #include "platform/system/Process.hpp"
 #include "shell/fMain.hpp"
@@ -67,7 +67,7 @@ void fMain::Redo() {
 }
 
 void fMain::loadUndoFile(std::int32_t number) {
-    pvSetPicture(loadPicture(undoFile(number)));
+    pvSetPicture(readPictureFile(undoFile(number)));
 }
 
 void fMain::CheckUndoRedoState() {

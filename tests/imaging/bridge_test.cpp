@@ -17,7 +17,7 @@
 #include "imaging/NearestEntry.hpp"
 #include "imaging/cDIBDither.hpp"
 #include "imaging/mGDIpEx.hpp"
-#include "platform/pictures/PictureLoader.hpp"
+#include "platform/pictures/PictureReader.hpp"
 #include "support/TemporaryFolder.hpp"
 #include "support/TestPictures.hpp"
 
@@ -132,7 +132,7 @@ TEST_F(Bridge, JpegFollowsTheQuality) {
     for (const int quality : {0, 50, 100}) {
         ASSERT_TRUE(save(picture, ImageFormat::Jpeg, quality));
         sizes.push_back(folder.read("picture").size());
-        distances.push_back(squaredDistance(picture, pixelsOf(loadPicture(file)->pixels)));
+        distances.push_back(squaredDistance(picture, pixelsOf(readPictureFile(file)->pixels)));
     }
     EXPECT_TRUE(std::is_sorted(sizes.begin(), sizes.end()));
     EXPECT_LT(sizes.front(), sizes.back());
@@ -144,7 +144,7 @@ TEST_F(Bridge, GifKeepsEveryColourOfAPictureOfFew) {
     for (const int colours : {1, 2, 3, 16, 17, 255, 256}) {
         const Picture picture = ofColours(colours);
         ASSERT_TRUE(save(picture, ImageFormat::Gif));
-        EXPECT_EQ(test::firstDifference(picture, pixelsOf(loadPicture(file)->pixels)), "") << colours;
+        EXPECT_EQ(test::firstDifference(picture, pixelsOf(readPictureFile(file)->pixels)), "") << colours;
         EXPECT_EQ(reduceForGif(dib).colorTable.size(), static_cast<std::size_t>(colours));
     }
 }
@@ -152,7 +152,7 @@ TEST_F(Bridge, GifKeepsEveryColourOfAPictureOfFew) {
 TEST_F(Bridge, GifReducesAPictureOfManyBetterThanTheDepthCommandWould) {
     for (const Picture& picture : {sunset(200, 150), sunset(31, 400), ofColours(257)}) {
         ASSERT_TRUE(save(picture, ImageFormat::Gif));
-        const Picture reduced = pixelsOf(loadPicture(file)->pixels);
+        const Picture reduced = pixelsOf(readPictureFile(file)->pixels);
         const std::set<test::Pixel> colours(reduced.pixels.begin(), reduced.pixels.end());
         EXPECT_LE(colours.size(), 256U);
 

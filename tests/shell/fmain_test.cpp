@@ -2,7 +2,7 @@
 // The whole life of a document, without a window.
 #include <map>
 
-#include "platform/pictures/PictureLoader.hpp"
+#include "platform/pictures/PictureReader.hpp"
 #include "shell/main_window.hpp"
 
 namespace mobrel {

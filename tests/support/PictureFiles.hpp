@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/pictures/ReadOptions.hpp"
+#include "platform/system/BufferedSource.hpp"
 #include "platform/system/Files.hpp"
 #include "support/PictureChecks.hpp"
 #include "support/TemporaryFolder.hpp"
@@ -18,7 +19,7 @@ namespace mobrel::test {
 
 using Bytes = std::vector<std::uint8_t>;
 using Colors = std::vector<std::uint32_t>;
-using PictureReader = StdPicture (*)(ByteSource&, const ReadOptions&);
+using PictureReader = StdPicture (*)(BufferedSource&, const ReadOptions&);
 
 /// What became of a file: a picture, or the reason why there is none.
 struct Outcome {
@@ -39,8 +40,9 @@ struct Outcome {
 };
 
 inline Outcome readFrom(PictureReader reader, ByteSource&& source, const ReadOptions& options = {}) {
+    BufferedSource buffered(source);
     try {
-        return {reader(source, options), ""};
+        return {reader(buffered, options), ""};
     } catch (const PictureError& error) {
         return {{}, error.what()};
     }

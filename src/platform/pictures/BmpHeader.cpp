@@ -9,6 +9,7 @@
 #include <string>
 
 #include "platform/drawing/PixelBuffer.hpp"
+#include "platform/pictures/LittleEndian.hpp"
 
 namespace mobrel {
 
@@ -37,14 +38,14 @@ struct Fields {
     BmpMasks masks;
 };
 
-const std::uint8_t* takeHeader(BmpInput& input, std::size_t count) {
+const std::uint8_t* takeHeader(BufferedSource& input, std::size_t count) {
     const std::uint8_t* bytes = input.take(count);
     if (bytes == nullptr) throw PictureError("the file ends in its headers");
     return bytes;
 }
 
 // Gives the offset of the pixels.
-std::uint32_t readFileHeader(BmpInput& input) {
+std::uint32_t readFileHeader(BufferedSource& input) {
     const std::uint8_t* letters = input.take(2);
     if (letters == nullptr || letters[0] != 'B' || letters[1] != 'M') throw PictureError("not a BMP file");
     return loadU32(takeHeader(input, 12) + 8);
@@ -54,7 +55,7 @@ BmpMasks loadMasks(const std::uint8_t* bytes) {
     return {loadU32(bytes), loadU32(bytes + 4), loadU32(bytes + 8)};
 }
 
-Fields readCoreFields(BmpInput& input) {
+Fields readCoreFields(BufferedSource& input) {
     const std::uint8_t* bytes = takeHeader(input, kCoreHeader - 4);
     Fields fields;
     fields.width = loadU16(bytes);
@@ -66,7 +67,7 @@ Fields readCoreFields(BmpInput& input) {
 }
 
 // The larger headers begin as the one of 40 bytes does, and hold the masks that else follow it.
-Fields readInfoFields(BmpInput& input, std::uint32_t headerSize) {
+Fields readInfoFields(BufferedSource& input, std::uint32_t headerSize) {
     const std::uint8_t* bytes = takeHeader(input, headerSize - 4);
     Fields fields;
     fields.width = loadI32(bytes);
@@ -85,7 +86,7 @@ Fields readInfoFields(BmpInput& input, std::uint32_t headerSize) {
     return fields;
 }
 
-Fields readFields(BmpInput& input) {
+Fields readFields(BufferedSource& input) {
     const std::uint32_t headerSize = loadU32(takeHeader(input, 4));
     if (std::ranges::find(kHeaderSizes, headerSize) == kHeaderSizes.end()) {
         throw PictureError("a header of " + std::to_string(headerSize) + " bytes is not supported");
@@ -157,7 +158,7 @@ BmpMasks masksOf(const Fields& fields) {
 }
 
 // The table has the entries that the header tells of, up to 2^bits, as far as they fit before the pixels.
-std::vector<RgbQuad> readColorTable(BmpInput& input, const Fields& fields, std::uint32_t pixelOffset) {
+std::vector<RgbQuad> readColorTable(BufferedSource& input, const Fields& fields, std::uint32_t pixelOffset) {
     const std::uint32_t most = 1U << fields.bits;
     std::uint64_t count = fields.colorsUsed == 0 ? most : std::min(fields.colorsUsed, most);
     if (pixelOffset >= input.position()) {
@@ -181,7 +182,7 @@ BmpCoding codingOf(std::uint32_t compression) {
 
 }  // namespace
 
-BmpHeader readBmpHeader(BmpInput& input) {
+BmpHeader readBmpHeader(BufferedSource& input) {
     const std::uint32_t pixelOffset = readFileHeader(input);
     const Fields fields = readFields(input);
     checkFormat(fields);

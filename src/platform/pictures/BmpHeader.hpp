@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "platform/pictures/BmpInput.hpp"
 #include "platform/pictures/StdPicture.hpp"
+#include "platform/system/BufferedSource.hpp"
 
 namespace mobrel {
 
@@ -49,6 +49,6 @@ struct BmpHeader {
 /// The file's size in its header is not looked at. An offset of the pixels that points into the headers is
 /// taken as unset: they then follow the colour table. One that points into the room of the colour table
 /// makes the table shorter.
-BmpHeader readBmpHeader(BmpInput& input);
+BmpHeader readBmpHeader(BufferedSource& input);
 
 }  // namespace mobrel

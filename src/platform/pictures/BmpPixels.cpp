@@ -8,20 +8,13 @@
 #include <type_traits>
 
 #include "platform/drawing/rearrange_vectors.hpp"
+#include "platform/pictures/LittleEndian.hpp"
 
 namespace mobrel {
 
 namespace {
 
 static_assert(sizeof(RgbQuad) == 4 && std::is_trivially_copyable_v<RgbQuad>);
-
-// Written so that the compiler makes it one store.
-inline void storeU32(std::uint8_t* out, std::uint32_t value) {
-    out[0] = static_cast<std::uint8_t>(value);
-    out[1] = static_cast<std::uint8_t>(value >> 8);
-    out[2] = static_cast<std::uint8_t>(value >> 16);
-    out[3] = static_cast<std::uint8_t>(value >> 24);
-}
 
 // A value of `bits` bits (1 to 8) widened to 8 by repeating its bits, so that all ones become 255.
 std::uint8_t widened(unsigned value, int bits) {

@@ -4,7 +4,7 @@
 
 #include "platform/pictures/ReadOptions.hpp"
 #include "platform/pictures/StdPicture.hpp"
-#include "platform/system/ByteSource.hpp"
+#include "platform/system/BufferedSource.hpp"
 
 namespace mobrel {
 
@@ -19,9 +19,7 @@ namespace mobrel {
 /// the bytes that are there before any memory is taken for it. Where the source does not know them, memory is
 /// used up only as they arrive. std::bad_alloc when memory is short.
 ///
-/// Reads ahead: the source may end up behind the picture's last byte.
-///
 /// Source of the format: Microsoft, "Bitmap Storage" and "BITMAPINFOHEADER structure".
-StdPicture readBmp(ByteSource& source, const ReadOptions& options = {});
+StdPicture readBmp(BufferedSource& source, const ReadOptions& options = {});
 
 }  // namespace mobrel

@@ -25,7 +25,7 @@ constexpr std::uint8_t kDelta = 2;
 // longer than pixel rows.
 class RlePen {
  public:
-    RlePen(BmpInput& input, const BmpHeader& header, PixelBuffer& canvas)
+    RlePen(BufferedSource& input, const BmpHeader& header, PixelBuffer& canvas)
         : m_input(input), m_header(header), m_canvas(canvas) {}
 
     void follow() {
@@ -117,7 +117,7 @@ class RlePen {
         if (m_row < m_header.height - 1 || m_column < m_header.width) failInRow(m_row, m_header);
     }
 
-    BmpInput& m_input;
+    BufferedSource& m_input;
     const BmpHeader& m_header;
     PixelBuffer& m_canvas;
     int m_column = 0;
@@ -135,7 +135,7 @@ void checkRleReach(const BmpHeader& header, std::uint64_t codeBytes) {
     }
 }
 
-void readRleRows(BmpInput& input, const BmpHeader& header, StdPicture& picture) {
+void readRleRows(BufferedSource& input, const BmpHeader& header, StdPicture& picture) {
     const std::uint64_t start = input.position();
     RlePen(input, header, picture.pixels).follow();
     checkRleReach(header, input.position() - start);

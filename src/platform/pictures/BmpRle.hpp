@@ -5,8 +5,8 @@
 #include <cstdint>
 
 #include "platform/pictures/BmpHeader.hpp"
-#include "platform/pictures/BmpInput.hpp"
 #include "platform/pictures/StdPicture.hpp"
+#include "platform/system/BufferedSource.hpp"
 
 namespace mobrel {
 
@@ -20,6 +20,6 @@ void checkRleReach(const BmpHeader& header, std::uint64_t codeBytes);
 /// before it does, or that cannot reach its size.
 ///
 /// Source of the codes: Microsoft, "Bitmap Compression".
-void readRleRows(BmpInput& input, const BmpHeader& header, StdPicture& picture);
+void readRleRows(BufferedSource& input, const BmpHeader& header, StdPicture& picture);
 
 }  // namespace mobrel

@@ -15,7 +15,7 @@ namespace {
 
 // Long rows are taken in pieces, which end at a byte for every depth.
 constexpr int kPiecePixels = 8192;
-static_assert(kPiecePixels * 4 <= BmpInput::kMaxTake && kPiecePixels % 8 == 0);
+static_assert(kPiecePixels % 8 == 0);
 
 std::int64_t packedBytes(std::int64_t width, int bits) {
     return (width * bits + 7) / 8;
@@ -51,7 +51,7 @@ void checkRowBytes(const BmpHeader& header, std::uint64_t available) {
     }
 }
 
-void readRows(BmpInput& input, const BmpHeader& header, StdPicture& picture) {
+void readRows(BufferedSource& input, const BmpHeader& header, StdPicture& picture) {
     const BmpPixels pixels(header);
     const std::int64_t stride = packedStride(header.width, header.bits);
     const auto padding = static_cast<std::size_t>(stride - packedBytes(header.width, header.bits));

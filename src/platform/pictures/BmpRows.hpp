@@ -5,8 +5,8 @@
 #include <cstdint>
 
 #include "platform/pictures/BmpHeader.hpp"
-#include "platform/pictures/BmpInput.hpp"
 #include "platform/pictures/StdPicture.hpp"
+#include "platform/system/BufferedSource.hpp"
 
 namespace mobrel {
 
@@ -20,6 +20,6 @@ void checkRowBytes(const BmpHeader& header, std::uint64_t available);
 /// Fills the picture's pixels, which have the header's size, and its index map. Memory of the map is taken
 /// as rows arrive, or at once where the source has told that they are there. Throws PictureError when the
 /// rows are cut short.
-void readRows(BmpInput& input, const BmpHeader& header, StdPicture& picture);
+void readRows(BufferedSource& input, const BmpHeader& header, StdPicture& picture);
 
 }  // namespace mobrel

@@ -11,16 +11,16 @@
 #include "platform/pictures/PictureView.hpp"
 #include "platform/pictures/ReadOptions.hpp"
 #include "platform/pictures/StdPicture.hpp"
-#include "platform/system/ByteSource.hpp"
+#include "platform/system/BufferedSource.hpp"
 #include "platform/system/Files.hpp"
 
 namespace mobrel {
 
 /// The module's functions. The headers of codecs/ and of drawing/scaling/ tell of each.
 struct Codecs {
-    StdPicture (*readGif)(ByteSource& source, const ReadOptions& options);
-    StdPicture (*readJpeg)(ByteSource& source, const ReadOptions& options);
-    StdPicture (*readPng)(ByteSource& source, const ReadOptions& options);
+    StdPicture (*readGif)(BufferedSource& source, const ReadOptions& options);
+    StdPicture (*readJpeg)(BufferedSource& source, const ReadOptions& options);
+    StdPicture (*readPng)(BufferedSource& source, const ReadOptions& options);
     void (*writeGif)(FileWriter& file, const IndexedPicture& picture);
     void (*writeJpeg)(FileWriter& file, const PictureView& picture, int quality);
     void (*writePng)(FileWriter& file, const PictureView& picture);

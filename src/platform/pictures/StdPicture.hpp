@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstdint>
+#include <new>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -50,6 +52,13 @@ struct StdPicture {
     /// are as they are stored.
     int orientation = 1;
 };
+
+/// Zeroed pixels of a size that was found valid. Throws std::bad_alloc when memory is short.
+inline PixelBuffer zeroedPixels(int width, int height) {
+    std::optional<PixelBuffer> pixels = PixelBuffer::create(width, height);
+    if (!pixels) throw std::bad_alloc();
+    return *std::move(pixels);
+}
 
 /// A picture that cannot be read: error 481, whose what() says why in words for a person.
 class PictureError : public RuntimeError {

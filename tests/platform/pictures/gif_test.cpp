@@ -5,7 +5,7 @@
 #include <memory>
 #include <numeric>
 
-#include "platform/pictures/PictureLoader.hpp"
+#include "platform/pictures/PictureReader.hpp"
 #include "platform/pictures/codecs/GifReader.hpp"
 #include "platform/pictures/codecs/GifWriter.hpp"
 #include "support/MemoryLimit.hpp"
@@ -199,13 +199,13 @@ TEST(GifWriter, LosesNothing) {
     EXPECT_THROW(bytesOf([](FileWriter& file) { writeGif(file, {65536, 1, {}, {}}); }), RuntimeError);
 }
 
-TEST(PictureLoader, ChoosesByContent) {
+TEST(PictureReader, ChoosesByContent) {
     const TemporaryFolder folder;
     const Bytes gif = GifFile{}.bytes();
     const std::string png = "\x89PNG\r\n\x1A\n";
-    EXPECT_EQ(loadPicture(folder.write("a.bmp", std::string(gif.begin(), gif.end())))->bitsPixel, 1);
-    EXPECT_THROW(loadPicture(folder.write("a.gif", png)), PictureError);
-    const auto reader = [](ByteSource& source, const ReadOptions& options) {
+    EXPECT_EQ(readPictureFile(folder.write("a.bmp", std::string(gif.begin(), gif.end())))->bitsPixel, 1);
+    EXPECT_THROW(readPictureFile(folder.write("a.gif", png)), PictureError);
+    const auto reader = [](BufferedSource& source, const ReadOptions& options) {
         return readPicture(source, options).picture;
     };
     const std::string inHeaders = "the file ends in its headers";

@@ -44,7 +44,7 @@ Memory alignedMemory(std::size_t bytes) {
     return memory;
 }
 
-zimg_image_format formatOf(const DeviceContext& picture) {
+zimg_image_format imageFormat(const DeviceContext& picture) {
     zimg_image_format format;
     zimg_image_format_default(&format, ZIMG_API_VERSION);
     format.width = static_cast<unsigned>(picture.width());
@@ -58,8 +58,8 @@ zimg_image_format formatOf(const DeviceContext& picture) {
 }
 
 Graph buildGraph(const DeviceContext& target, const DeviceContext& source, ZimgKernels kernels) {
-    const zimg_image_format from = formatOf(source);
-    const zimg_image_format to = formatOf(target);
+    const zimg_image_format from = imageFormat(source);
+    const zimg_image_format to = imageFormat(target);
     zimg_graph_builder_params params;
     zimg_graph_builder_params_default(&params, ZIMG_API_VERSION);
     params.resample_filter = ZIMG_RESIZE_BICUBIC;

@@ -4,15 +4,13 @@
 
 #include <algorithm>
 #include <array>
-#include <new>
 #include <string>
-#include <string_view>
 
 namespace mobrel {
 
 namespace {
 
-constexpr std::string_view kSignature = "GIF8";
+constexpr std::array<std::uint8_t, 4> kSignature{'G', 'I', 'F', '8'};
 // Comments and profiles before the first frame; what has more is no picture.
 constexpr std::size_t kMostExtensionBytes = std::size_t{16} << 20;
 constexpr const char* kInHeaders = "in its headers";
@@ -23,20 +21,11 @@ int readBytes(GifFileType* file, GifByteType* into, int count) {
 }
 
 [[noreturn]] void failAt(const GuardedSource& input, int error, const std::string& place) {
-    input.throwFailure();
-    if (error == D_GIF_ERR_NOT_ENOUGH_MEM) throw std::bad_alloc();
-    if (input.hasEnded()) throw PictureError("the file ends " + place);
-    const char* const reason = GifErrorString(error);
-    throw PictureError("the file is damaged " + place +
-                       (reason == nullptr ? "" : std::string(" (") + reason + ")"));
+    input.fail(place, GifErrorString(error), error == D_GIF_ERR_NOT_ENOUGH_MEM);
 }
 
 GifFileType* openGif(GuardedSource& input) {
-    const std::span<const std::uint8_t> head = input.ahead(kSignature.size());
-    if (!std::ranges::equal(head, kSignature)) {
-        input.throwFailure();
-        throw PictureError("not a GIF file");
-    }
+    input.requireStart(kSignature, "not a GIF file");
     int error = 0;
     GifFileType* const file = DGifOpen(&input, readBytes, &error);
     if (file == nullptr) failAt(input, error, kInHeaders);
@@ -100,10 +89,10 @@ void GifFile::readExtension(GifFrame& frame) {
 }
 
 void GifFile::readLine(std::span<std::uint8_t> indices) {
-    ++m_line;
     if (DGifGetLine(m_file.get(), indices.data(), static_cast<int>(indices.size())) == GIF_ERROR) {
-        fail("in line " + std::to_string(m_line) + " of " + std::to_string(m_file->Image.Height));
+        fail(placeOfLine(m_line, m_file->Image.Height));
     }
+    ++m_line;
 }
 
 bool GifFile::readEnd() {

@@ -13,8 +13,8 @@ namespace {
 
 constexpr std::size_t kMostEntries = 256;
 
-// The depth of a table that has room for so many entries.
-int depthOf(std::size_t entries) {
+// The least depth whose table has room for so many entries.
+int leastDepth(std::size_t entries) {
     if (entries <= 2) return 1;
     return entries <= 16 ? 4 : 8;
 }
@@ -28,7 +28,7 @@ int distance(RgbQuad a, RgbQuad b) {
 
 // An entry that no pixel needs; one behind the table, if need be of a larger depth, where the table has none.
 std::size_t freeEntry(const std::vector<RgbQuad>& table, const std::array<bool, 256>& isUsed) {
-    if (table.size() < std::size_t{1} << depthOf(table.size())) return table.size();
+    if (table.size() < std::size_t{1} << leastDepth(table.size())) return table.size();
     for (std::size_t entry = table.size(); entry-- > 0;) {
         if (!isUsed[entry]) return entry;
     }
@@ -124,7 +124,7 @@ void applyGifPalette(StdPicture& picture, const GifFrame& frame, const std::arra
         fillUncovered(picture.pixels, frame, entry);
     }
 
-    picture.bitsPixel = depthOf(table.size());
+    picture.bitsPixel = leastDepth(table.size());
     table.resize(std::size_t{1} << picture.bitsPixel);
     picture.colorTable = std::move(table);
     finishRows(picture);

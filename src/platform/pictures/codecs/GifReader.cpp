@@ -3,9 +3,6 @@
 #include "platform/pictures/codecs/GifReader.hpp"
 
 #include <array>
-#include <new>
-#include <optional>
-#include <utility>
 #include <vector>
 
 #include "platform/pictures/codecs/GifFrame.hpp"
@@ -55,17 +52,15 @@ void checkCoverage(const GifFrame& frame) {
 
 }  // namespace
 
-StdPicture readGif(ByteSource& source, const ReadOptions& options) {
+StdPicture readGif(BufferedSource& source, const ReadOptions& options) {
     GuardedSource input(source);
     GifFile file(input);
     const GifFrame frame = file.readFrame();
     checkPictureSize(frame.screenWidth, frame.screenHeight, options);
     checkCoverage(frame);
 
-    std::optional<PixelBuffer> pixels = PixelBuffer::create(frame.screenWidth, frame.screenHeight);
-    if (!pixels) throw std::bad_alloc();
     StdPicture picture;
-    picture.pixels = std::move(*pixels);
+    picture.pixels = zeroedPixels(frame.screenWidth, frame.screenHeight);
     std::array<bool, 256> isUsed{};
     readIndices(file, frame, picture.pixels, isUsed);
     picture.hasMoreFrames = file.readEnd();

@@ -4,7 +4,7 @@
 
 #include "platform/pictures/ReadOptions.hpp"
 #include "platform/pictures/StdPicture.hpp"
-#include "platform/system/ByteSource.hpp"
+#include "platform/system/BufferedSource.hpp"
 
 namespace mobrel {
 
@@ -20,9 +20,7 @@ namespace mobrel {
 /// surface can hold or that is larger than the options allow; what the source throws; std::bad_alloc when
 /// memory is short. Memory is used up only as bytes arrive.
 ///
-/// Reads ahead: the source may end up behind the picture's last byte.
-///
 /// Source of the format: CompuServe, "Graphics Interchange Format, Version 89a".
-StdPicture readGif(ByteSource& source, const ReadOptions& options = {});
+StdPicture readGif(BufferedSource& source, const ReadOptions& options = {});
 
 }  // namespace mobrel

@@ -68,8 +68,7 @@ void writeGif(FileWriter& file, const IndexedPicture& picture) {
     if (gif == nullptr) throw std::bad_alloc();
     const bool isWritten = writeFrame(gif.get(), picture, map.get());
     gif.reset();  // writes the last byte
-    writer.throwFailure();
-    if (!isWritten) throw std::bad_alloc();  // all else that giflib can fail for
+    writer.finish(isWritten);
 }
 
 }  // namespace mobrel

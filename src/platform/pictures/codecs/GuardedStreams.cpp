@@ -2,70 +2,63 @@
 #include "platform/pictures/codecs/GuardedStreams.hpp"
 
 #include <algorithm>
-#include <cstring>
+#include <new>
+
+#include "platform/pictures/StdPicture.hpp"
 
 namespace mobrel {
 
-namespace {
-
-constexpr std::size_t kBufferBytes = 64 * 1024;
-
-}  // namespace
-
-GuardedSource::GuardedSource(ByteSource& source) : m_source(source), m_buffer(kBufferBytes) {}
+std::string placeOfLine(std::int64_t line, std::int64_t lines) {
+    return "in line " + std::to_string(line + 1) + " of " + std::to_string(lines);
+}
 
 bool GuardedSource::read(std::span<std::uint8_t> into) noexcept {
-    while (!into.empty()) {
-        if (m_next == m_end && !buffer(1)) return false;
-        const std::size_t count = std::min(into.size(), m_end - m_next);
-        std::memcpy(into.data(), m_buffer.data() + m_next, count);
-        m_next += count;
-        into = into.subspan(count);
-    }
+    const std::span<const std::uint8_t> bytes = ahead(into.size());
+    if (bytes.size() < into.size()) return false;
+    std::ranges::copy(bytes, into.begin());
+    m_source.take(bytes.size());
     return true;
 }
 
 std::span<const std::uint8_t> GuardedSource::ahead(std::size_t count) noexcept {
-    buffer(count);
-    return {m_buffer.data() + m_next, std::min(count, m_end - m_next)};
+    std::span<const std::uint8_t> bytes;
+    try {
+        if (!m_failure) bytes = m_source.ahead(count);
+    } catch (...) {
+        m_failure = std::current_exception();
+    }
+    m_hasEnded = m_hasEnded || bytes.size() < count;
+    return bytes;
 }
 
 std::span<const std::uint8_t> GuardedSource::takeBuffer() noexcept {
-    buffer(1);
-    const std::span<const std::uint8_t> taken(m_buffer.data() + m_next, m_end - m_next);
-    m_next = m_end;
-    return taken;
+    if (ahead(1).empty()) return {};
+    return m_source.takeBuffer();
+}
+
+void GuardedSource::requireStart(std::span<const std::uint8_t> signature, const char* refusal) {
+    if (std::ranges::equal(ahead(signature.size()), signature)) return;
+    throwFailure();
+    throw PictureError(refusal);
+}
+
+void GuardedSource::requireBytes(std::size_t count, const std::string& what) {
+    const std::size_t found = ahead(count).size();
+    if (found == count) return;
+    throwFailure();
+    throw PictureError(std::to_string(found) + " bytes cannot fill " + what);
+}
+
+void GuardedSource::fail(const std::string& place, const char* reason, bool isOutOfMemory) const {
+    throwFailure();
+    if (isOutOfMemory) throw std::bad_alloc();
+    if (m_hasEnded) throw PictureError("the file ends " + place);
+    const std::string detail = reason == nullptr ? "" : std::string(" (") + reason + ")";
+    throw PictureError("the file is damaged " + place + detail);
 }
 
 void GuardedSource::throwFailure() const {
     if (m_failure) std::rethrow_exception(m_failure);
-}
-
-bool GuardedSource::buffer(std::size_t count) noexcept {
-    if (m_end - m_next >= count) return true;
-    try {
-        fillBuffer(count);
-    } catch (...) {
-        m_failure = std::current_exception();
-        m_isDry = true;
-    }
-    m_hasEnded = m_hasEnded || m_end - m_next < count;
-    return m_end - m_next >= count;
-}
-
-// The buffer grows only with bytes that are there.
-void GuardedSource::fillBuffer(std::size_t count) {
-    if (m_isDry) return;
-    std::memmove(m_buffer.data(), m_buffer.data() + m_next, m_end - m_next);
-    m_end -= m_next;
-    m_next = 0;
-    while (m_end < count && !m_isDry) {
-        if (m_end == m_buffer.size()) m_buffer.resize(m_buffer.size() * 2);
-        const std::size_t room = m_buffer.size() - m_end;
-        const std::size_t got = m_source.read({m_buffer.data() + m_end, room});
-        m_end += got;
-        m_isDry = got < room;
-    }
 }
 
 bool GuardedWriter::write(std::span<const std::uint8_t> bytes) noexcept {
@@ -78,8 +71,9 @@ bool GuardedWriter::write(std::span<const std::uint8_t> bytes) noexcept {
     return m_failure == nullptr;
 }
 
-void GuardedWriter::throwFailure() const {
+void GuardedWriter::finish(bool isWritten) const {
     if (m_failure) std::rethrow_exception(m_failure);
+    if (!isWritten) throw std::bad_alloc();
 }
 
 }  // namespace mobrel

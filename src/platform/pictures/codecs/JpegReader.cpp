@@ -6,10 +6,7 @@
 #include <array>
 #include <cstring>
 #include <memory>
-#include <new>
-#include <optional>
 #include <string>
-#include <utility>
 
 #include "platform/pictures/codecs/JpegState.hpp"
 
@@ -79,21 +76,14 @@ void readEnd(JpegState& state, PixelBuffer*) {
 
 using Step = void (*)(JpegState&, PixelBuffer*);
 
-// False when libjpeg gave up.
-bool run(JpegState* state, Step step, PixelBuffer* pixels) {
-    if (setjmp(state->back) != 0) return false;
-    step(*state, pixels);
-    return true;
-}
-
-class JpegDecoder {
+class JpegReader {
  public:
-    explicit JpegDecoder(GuardedSource& input) : m_state(std::make_unique<JpegState>()) {
+    explicit JpegReader(GuardedSource& input) : m_state(std::make_unique<JpegState>()) {
         prepareJpeg(*m_state, input);
     }
-    JpegDecoder(const JpegDecoder&) = delete;
-    JpegDecoder& operator=(const JpegDecoder&) = delete;
-    ~JpegDecoder() { jpeg_destroy_decompress(&m_state->info); }
+    JpegReader(const JpegReader&) = delete;
+    JpegReader& operator=(const JpegReader&) = delete;
+    ~JpegReader() { jpeg_destroy_decompress(&m_state->info); }
 
     StdPicture read(const ReadOptions& options) {
         runStep(readHeaders, "in its headers");
@@ -102,15 +92,13 @@ class JpegDecoder {
         checkKind();
         checkBytes();
 
-        std::optional<PixelBuffer> pixels =
-            PixelBuffer::create(static_cast<int>(info.image_width), static_cast<int>(info.image_height));
-        if (!pixels) throw std::bad_alloc();
+        StdPicture picture;
+        picture.pixels =
+            zeroedPixels(static_cast<int>(info.image_width), static_cast<int>(info.image_height));
         runStep(startLines, "in its scans");
-        runStep(readLines, "", &*pixels);
+        runStep(readLines, "", &picture.pixels);
         runStep(readEnd, "behind its last line");
 
-        StdPicture picture;
-        picture.pixels = std::move(*pixels);
         picture.orientation = std::max(m_state->orientation, 1);
         return picture;
     }
@@ -135,24 +123,16 @@ class JpegDecoder {
         const auto needed = static_cast<std::size_t>(blocks / 8);
         m_state->input->giveBack(m_state->source.bytes_in_buffer);
         m_state->source.bytes_in_buffer = 0;
-        const std::size_t found = m_state->input->ahead(needed).size();
-        if (found == needed) return;
-        m_state->input->throwFailure();
-        throw PictureError(std::to_string(found) + " bytes cannot fill " + std::to_string(info.image_width) +
-                           " x " + std::to_string(info.image_height) + " pixels");
+        m_state->input->requireBytes(
+            needed, std::to_string(info.image_width) + " x " + std::to_string(info.image_height) + " pixels");
     }
 
     void runStep(Step step, const std::string& place, PixelBuffer* pixels = nullptr) {
-        if (run(m_state.get(), step, pixels)) return;
-        m_state->input->throwFailure();
-        if (m_state->isOutOfMemory) throw std::bad_alloc();
+        if (runToEnd(m_state->back, [&] { step(*m_state, pixels); })) return;
         const jpeg_decompress_struct& info = m_state->info;
-        const std::string line = "in line " + std::to_string(info.output_scanline + 1) + " of " +
-                                 std::to_string(info.image_height);
-        const std::string& where = pixels != nullptr ? line : place;
-        const char* const reason = m_state->reason.data();
-        if (*reason == '\0') throw PictureError("the file ends " + where);
-        throw PictureError("the file is damaged " + where + " (" + reason + ")");
+        const std::string line = placeOfLine(info.output_scanline, info.image_height);
+        m_state->input->fail(pixels != nullptr ? line : place, m_state->reason.data(),
+                             m_state->isOutOfMemory);
     }
 
     std::unique_ptr<JpegState> m_state;
@@ -160,13 +140,10 @@ class JpegDecoder {
 
 }  // namespace
 
-StdPicture readJpeg(ByteSource& source, const ReadOptions& options) {
+StdPicture readJpeg(BufferedSource& source, const ReadOptions& options) {
     GuardedSource input(source);
-    if (!std::ranges::equal(input.ahead(kSignature.size()), kSignature)) {
-        input.throwFailure();
-        throw PictureError("not a JPEG file");
-    }
-    return JpegDecoder(input).read(options);
+    input.requireStart(kSignature, "not a JPEG file");
+    return JpegReader(input).read(options);
 }
 
 }  // namespace mobrel

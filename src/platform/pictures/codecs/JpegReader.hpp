@@ -4,7 +4,7 @@
 
 #include "platform/pictures/ReadOptions.hpp"
 #include "platform/pictures/StdPicture.hpp"
-#include "platform/system/ByteSource.hpp"
+#include "platform/system/BufferedSource.hpp"
 
 namespace mobrel {
 
@@ -16,9 +16,7 @@ namespace mobrel {
 /// writes, or asks for a picture that no surface can hold or that is larger than the options allow; what
 /// the source throws; std::bad_alloc when memory is short. Memory is used up only as bytes arrive.
 ///
-/// Reads ahead: the source may end up behind the picture's last byte.
-///
 /// Source of the format: ITU-T Recommendation T.81; Adobe Technical Note 5116 for the Adobe marker.
-StdPicture readJpeg(ByteSource& source, const ReadOptions& options = {});
+StdPicture readJpeg(BufferedSource& source, const ReadOptions& options = {});
 
 }  // namespace mobrel

@@ -8,7 +8,6 @@
 #include <cstdint>
 #include <cstdio>  // jpeglib.h needs it before
 #include <memory>
-#include <new>
 
 #include <jpeglib.h>
 
@@ -86,16 +85,9 @@ void writePicture(JpegState& state, const PictureView& picture, int quality) {
     jpeg_finish_compress(&info);
 }
 
-// False when libjpeg gave up.
-bool run(JpegState* state, const PictureView* picture, int quality) {
-    if (setjmp(state->back) != 0) return false;
-    writePicture(*state, *picture, quality);
-    return true;
-}
-
-class JpegEncoder {
+class JpegWriter {
  public:
-    explicit JpegEncoder(GuardedWriter& writer) : m_state(std::make_unique<JpegState>()) {
+    explicit JpegWriter(GuardedWriter& writer) : m_state(std::make_unique<JpegState>()) {
         m_state->writer = &writer;
         m_state->info.err = jpeg_std_error(&m_state->errors);
         m_state->info.client_data = m_state.get();
@@ -106,11 +98,14 @@ class JpegEncoder {
         m_state->destination.empty_output_buffer = emptyBuffer;
         m_state->destination.term_destination = writeLastBytes;
     }
-    JpegEncoder(const JpegEncoder&) = delete;
-    JpegEncoder& operator=(const JpegEncoder&) = delete;
-    ~JpegEncoder() { jpeg_destroy_compress(&m_state->info); }
+    JpegWriter(const JpegWriter&) = delete;
+    JpegWriter& operator=(const JpegWriter&) = delete;
+    ~JpegWriter() { jpeg_destroy_compress(&m_state->info); }
 
-    bool write(const PictureView& picture, int quality) { return run(m_state.get(), &picture, quality); }
+    /// False when libjpeg gave up.
+    bool write(const PictureView& picture, int quality) {
+        return runToEnd(m_state->back, [&] { writePicture(*m_state, picture, quality); });
+    }
 
  private:
     std::unique_ptr<JpegState> m_state;
@@ -123,9 +118,8 @@ void writeJpeg(FileWriter& file, const PictureView& picture, int quality) {
                             picture.height <= kLongestSide;
     if (!isWritable) throw RuntimeError(ErrorNumber::InvalidCall);
     GuardedWriter writer(file);
-    const bool isWritten = JpegEncoder(writer).write(picture, std::clamp(quality, 0, 100));
-    writer.throwFailure();
-    if (!isWritten) throw std::bad_alloc();  // all else that libjpeg can fail for
+    const bool isWritten = JpegWriter(writer).write(picture, std::clamp(quality, 0, 100));
+    writer.finish(isWritten);
 }
 
 }  // namespace mobrel

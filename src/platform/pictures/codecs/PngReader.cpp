@@ -4,12 +4,10 @@
 
 #include <png.h>
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <new>
-#include <optional>
 #include <string>
 #include <utility>
 
@@ -128,16 +126,9 @@ void readEnd(PngState& state) {
     png_read_end(state.png, nullptr);
 }
 
-// False when libpng gave up.
-bool run(PngState* state, void (*step)(PngState&)) {
-    if (setjmp(png_jmpbuf(state->png)) != 0) return false;
-    step(*state);
-    return true;
-}
-
-class PngDecoder {
+class PngReader {
  public:
-    explicit PngDecoder(GuardedSource& input) {
+    explicit PngReader(GuardedSource& input) {
         m_state.input = &input;
         m_state.png = png_create_read_struct_2(PNG_LIBPNG_VER_STRING, &m_state, fail, ignoreWarning, &m_state,
                                                allocate, release);
@@ -148,9 +139,9 @@ class PngDecoder {
         }
         png_set_read_fn(m_state.png, &m_state, readBytes);
     }
-    PngDecoder(const PngDecoder&) = delete;
-    PngDecoder& operator=(const PngDecoder&) = delete;
-    ~PngDecoder() { png_destroy_read_struct(&m_state.png, &m_state.info, nullptr); }
+    PngReader(const PngReader&) = delete;
+    PngReader& operator=(const PngReader&) = delete;
+    ~PngReader() { png_destroy_read_struct(&m_state.png, &m_state.info, nullptr); }
 
     /// To be called once.
     StdPicture read(const ReadOptions& options) {
@@ -160,10 +151,7 @@ class PngDecoder {
         checkPictureSize(width, height, options);
         checkBytes();
 
-        std::optional<PixelBuffer> pixels =
-            PixelBuffer::create(static_cast<int>(width), static_cast<int>(height));
-        if (!pixels) throw std::bad_alloc();
-        m_picture.pixels = std::move(*pixels);
+        m_picture.pixels = zeroedPixels(static_cast<int>(width), static_cast<int>(height));
         m_state.pixels = &m_picture.pixels;
         m_state.background = {options.background >> 16 & 255, options.background >> 8 & 255,
                               options.background & 255};
@@ -179,20 +167,14 @@ class PngDecoder {
     // cannot do without.
     void checkBytes() {
         const std::size_t needed = png_get_rowbytes(m_state.png, m_state.info) / kMostBytesOfOne;
-        const std::size_t found = m_state.input->ahead(needed).size();
-        if (found == needed) return;
-        m_state.input->throwFailure();
-        throw PictureError(std::to_string(found) + " bytes cannot fill a line of " +
-                           std::to_string(png_get_image_width(m_state.png, m_state.info)) + " pixels");
+        const png_uint_32 width = png_get_image_width(m_state.png, m_state.info);
+        m_state.input->requireBytes(needed, "a line of " + std::to_string(width) + " pixels");
     }
 
     void runStep(Stage stage, void (*step)(PngState&)) {
         m_state.stage = stage;
-        if (run(&m_state, step)) return;
-        m_state.input->throwFailure();
-        if (m_state.isOutOfMemory) throw std::bad_alloc();
-        if (m_state.input->hasEnded()) throw PictureError("the file ends " + place());
-        throw PictureError("the file is damaged " + place() + " (" + m_state.reason.data() + ")");
+        if (runToEnd(png_jmpbuf(m_state.png), [&] { step(m_state); })) return;
+        m_state.input->fail(place(), m_state.reason.data(), m_state.isOutOfMemory);
     }
 
     std::string place() const {
@@ -200,8 +182,7 @@ class PngDecoder {
             case Stage::Headers:
                 return "in its headers";
             case Stage::Lines:
-                return "in line " + std::to_string(m_state.line + 1) + " of " +
-                       std::to_string(m_state.pixels->height());
+                return placeOfLine(m_state.line, m_state.pixels->height());
             default:
                 return "behind its last line";
         }
@@ -213,13 +194,10 @@ class PngDecoder {
 
 }  // namespace
 
-StdPicture readPng(ByteSource& source, const ReadOptions& options) {
+StdPicture readPng(BufferedSource& source, const ReadOptions& options) {
     GuardedSource input(source);
-    if (!std::ranges::equal(input.ahead(kSignature.size()), kSignature)) {
-        input.throwFailure();
-        throw PictureError("not a PNG file");
-    }
-    return PngDecoder(input).read(options);
+    input.requireStart(kSignature, "not a PNG file");
+    return PngReader(input).read(options);
 }
 
 }  // namespace mobrel

@@ -4,7 +4,7 @@
 
 #include "platform/pictures/ReadOptions.hpp"
 #include "platform/pictures/StdPicture.hpp"
-#include "platform/system/ByteSource.hpp"
+#include "platform/system/BufferedSource.hpp"
 
 namespace mobrel {
 
@@ -18,9 +18,7 @@ namespace mobrel {
 /// surface can hold or that is larger than the options allow; what the source throws; std::bad_alloc when
 /// memory is short. Memory is used up only as bytes arrive.
 ///
-/// Reads ahead: the source may end up behind the picture's last byte.
-///
 /// Source of the format: W3C Recommendation, "Portable Network Graphics (PNG) Specification".
-StdPicture readPng(ByteSource& source, const ReadOptions& options = {});
+StdPicture readPng(BufferedSource& source, const ReadOptions& options = {});
 
 }  // namespace mobrel

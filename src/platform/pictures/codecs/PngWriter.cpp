@@ -51,16 +51,9 @@ void writePicture(const PngState& state) {
     png_write_end(state.png, nullptr);
 }
 
-// False when libpng gave up.
-bool run(const PngState* state) {
-    if (setjmp(png_jmpbuf(state->png)) != 0) return false;
-    writePicture(*state);
-    return true;
-}
-
-class PngEncoder {
+class PngWriter {
  public:
-    PngEncoder(GuardedWriter& writer, const PictureView& picture) {
+    PngWriter(GuardedWriter& writer, const PictureView& picture) {
         m_state.picture = &picture;
         m_state.png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, fail, ignoreWarning);
         if (m_state.png != nullptr) m_state.info = png_create_info_struct(m_state.png);
@@ -70,11 +63,14 @@ class PngEncoder {
         }
         png_set_write_fn(m_state.png, &writer, writeBytes, leavePending);
     }
-    PngEncoder(const PngEncoder&) = delete;
-    PngEncoder& operator=(const PngEncoder&) = delete;
-    ~PngEncoder() { png_destroy_write_struct(&m_state.png, &m_state.info); }
+    PngWriter(const PngWriter&) = delete;
+    PngWriter& operator=(const PngWriter&) = delete;
+    ~PngWriter() { png_destroy_write_struct(&m_state.png, &m_state.info); }
 
-    bool write() { return run(&m_state); }
+    /// False when libpng gave up.
+    bool write() {
+        return runToEnd(png_jmpbuf(m_state.png), [&] { writePicture(m_state); });
+    }
 
  private:
     PngState m_state;
@@ -85,9 +81,8 @@ class PngEncoder {
 void writePng(FileWriter& file, const PictureView& picture) {
     if (picture.width < 1 || picture.height < 1) throw RuntimeError(ErrorNumber::InvalidCall);
     GuardedWriter writer(file);
-    const bool isWritten = PngEncoder(writer, picture).write();
-    writer.throwFailure();
-    if (!isWritten) throw std::bad_alloc();  // all else that libpng can fail for
+    const bool isWritten = PngWriter(writer, picture).write();
+    writer.finish(isWritten);
 }
 
 }  // namespace mobrel

@@ -7,7 +7,7 @@
 #include "imaging/cDIB.hpp"
 #include "imaging/cDIBDither.hpp"
 #include "imaging/cDIBPal.hpp"
-#include "platform/pictures/PictureLoader.hpp"
+#include "platform/pictures/PictureReader.hpp"
 
 namespace mobrel::batch {
 

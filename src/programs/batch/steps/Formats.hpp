@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/pictures/PictureLoader.hpp"
+#include "platform/pictures/PictureReader.hpp"
 #include "platform/system/Files.hpp"
 #include "programs/batch/steps/Document.hpp"
 

@@ -24,7 +24,8 @@ FileDescriptor openPicture(const std::string& path) {
 }  // namespace
 
 void readDocument(ByteSource& source, const ReadOptions& options, Document& document) {
-    LoadedPicture loaded = readPicture(source, options);
+    BufferedSource buffered(source);
+    IdentifiedPicture loaded = readPicture(buffered, options);
     document.format = loaded.format;
     document.hadTransparency = loaded.picture.hadTransparency;
     document.hasMoreFrames = loaded.picture.hasMoreFrames;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Makes picture objects from picture files.
+// Reads picture files of all formats.
 #pragma once
 
 #include <memory>
@@ -7,23 +7,23 @@
 
 #include "platform/pictures/ReadOptions.hpp"
 #include "platform/pictures/StdPicture.hpp"
-#include "platform/system/ByteSource.hpp"
+#include "platform/system/BufferedSource.hpp"
 
 namespace mobrel {
 
-/// Loads a BMP, GIF or JPEG file. The content decides, not the name. Errors: the platform's file errors when
+/// Reads a BMP, GIF or JPEG file. The content decides, not the name. Errors: the platform's file errors when
 /// the file cannot be read, PictureError when it is none of these or a broken one, those of codecs().
-std::unique_ptr<StdPicture> loadPicture(const std::string& path);
+std::unique_ptr<StdPicture> readPictureFile(const std::string& path);
 
 enum class PictureFileFormat { Bmp, Gif, Jpeg, Png };
 
-struct LoadedPicture {
+struct IdentifiedPicture {
     PictureFileFormat format;
     StdPicture picture;
 };
 
 /// Reads a picture of any of the formats from its first byte; the content decides. Throws as the formats'
 /// readers and codecs() do, PictureError for something else.
-LoadedPicture readPicture(ByteSource& source, const ReadOptions& options = {});
+IdentifiedPicture readPicture(BufferedSource& source, const ReadOptions& options = {});
 
 }  // namespace mobrel
