@@ -61,7 +61,7 @@ class FileDescriptor {
 /// Another descriptor of the same open file. Throws RuntimeError, errorNumberOf the reason.
 FileDescriptor duplicateOf(int descriptor);
 
-/// Opens a file by open(2), to be closed where another program is started. Not open, and errno tells why,
+/// Opens a file by open(2); another program that is started does not get it. Not open, and errno tells why,
 /// when it fails.
 FileDescriptor openFile(const std::string& path, int flags, mode_t mode = 0) noexcept;
 
