@@ -169,19 +169,18 @@ PictureOperation countColors() {
 }
 
 PictureOperation depthCommand(std::string name, DepthCommand command) {
-    const int index = static_cast<int>(command);
     return {"depth", std::move(name),
-            [index](cDIB& picture) {
+            [command](cDIB& picture) {
                 cDIBPal palette;
                 cDIBDither dither;
                 std::uint8_t bpp = 24;
                 listen(dither);
-                changeDepth(index, {picture, palette, dither, bpp}, [](bool) {});
+                changeDepth(command, {picture, palette, dither, bpp}, [](bool) {});
             },
-            [index](cDIB& picture) {
+            [command](cDIB& picture) {
                 recipes::Document document{test::fromSurface(picture), {}, {}, 24};
                 EventLog log;
-                recipes::depthCommand(document, index, log);
+                recipes::depthCommand(document, static_cast<int>(command), log);
                 test::toSurface(document.picture, picture);
             }};
 }

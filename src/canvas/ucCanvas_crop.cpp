@@ -96,17 +96,10 @@ void ucCanvas::copyFrame() {
     tempDIB.CopyToClipboard(*m_clipboard);
 }
 
-/// A copy of the framed pixels as a surface holds them, black where the frame stands outside the picture.
 /// Nothing when there is no picture, no frame or no memory.
 std::optional<PixelBuffer> ucCanvas::framedPart() const {
     const auto frame = m_frame.GetFrameRect(false);
-    if (!hasPicture() || !frame) return std::nullopt;
-    const auto [left, top, right, bottom] = *frame;
-    auto part = PixelBuffer::create(limited(std::int64_t{right} - left), limited(std::int64_t{bottom} - top));
-    if (!part) return std::nullopt;
-    DeviceContext target(part->bits(), part->width(), part->height(), RowOrder::BottomUp);
-    target.BitBlt(0, 0, part->width(), part->height(), *DIB.hDIBDC(), left, top);
-    return part;
+    return frame ? DIB.part(*frame) : std::nullopt;
 }
 
 }  // namespace mobrel

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
-// The depth commands: what makes a picture one of 1, 4, 8 or 24 bits, and how its depth is told.
+// The depth commands: what makes a picture one of 1, 4, 8 or 24 bits.
 #pragma once
 
 #include <cstdint>
 #include <functional>
-#include <string>
 
 #include "imaging/cDIB.hpp"
 #include "imaging/cDIBDither.hpp"
@@ -32,19 +31,11 @@ struct DepthDocument {
     std::uint8_t& BPP;
 };
 
-/// Runs a depth command; an index that is none does nothing. A colour command on a document whose
+/// Runs a depth command; a number that is none does nothing. A colour command on a document whose
 /// palette is grey takes the even greys of that depth: colours that are gone cannot come back. Other
 /// palettes are fitted to a copy of at most 150 x 150 pixels, of at least 1 pixel a side.
 /// `hourglass` is called with true before a palette is fitted to the picture and with false after it.
-void changeDepth(int Index, const DepthDocument& document, const std::function<void(bool)>& hourglass);
-
-/// Bytes of the picture as a BMP file of that depth; by the same sum 58 for an empty one of depth 0.
-std::int32_t pvCalcSize(int width, int height, int bpp);
-
-/// "Black and White", "16 greys", "256 colors" ...; "None" at 24 bits, the empty text at any other depth.
-std::string paletteLabel(int bpp, bool isGrey);
-
-/// The size in units of 1,024 bytes with one decimal: "0.1 Kb".
-std::string bitmapSizeLabel(std::int32_t bytes);
+void changeDepth(DepthCommand command, const DepthDocument& document,
+                 const std::function<void(bool)>& hourglass);
 
 }  // namespace mobrel

@@ -9,6 +9,7 @@
 #include "imaging/cDIBPal.hpp"
 #include "platform/base/Numbers.hpp"
 #include "platform/drawing/rearrange_vectors.hpp"
+#include "platform/screen/Desktop.hpp"
 
 namespace mobrel {
 
@@ -94,6 +95,18 @@ bool Surface<Order>::CreateFromStdPicture(std::unique_ptr<StdPicture> Picture) r
 template <RowOrder Order>
 void Surface<Order>::LoadBlt(const DeviceContext& hSrcDC, int x, int y) {
     if (m_deviceContext) m_deviceContext->BitBlt(0, 0, m_width, m_height, hSrcDC, x, y);
+}
+
+template <RowOrder Order>
+std::optional<PixelBuffer> Surface<Order>::part(const Rect& rect) const noexcept {
+    const std::int64_t width = std::int64_t{rect.right} - rect.left;
+    const std::int64_t height = std::int64_t{rect.bottom} - rect.top;
+    if (!m_deviceContext || !PixelBuffer::isValidSize(width, height)) return std::nullopt;
+    auto copy = PixelBuffer::create(static_cast<int>(width), static_cast<int>(height));
+    if (!copy) return std::nullopt;
+    DeviceContext target(copy->bits(), copy->width(), copy->height(), Order);
+    target.BitBlt(0, 0, copy->width(), copy->height(), *m_deviceContext, rect.left, rect.top);
+    return copy;
 }
 
 template <RowOrder Order>

@@ -10,13 +10,14 @@
 #include "platform/base/Numbers.hpp"
 #include "platform/drawing/DeviceContext.hpp"
 #include "platform/drawing/PixelBuffer.hpp"
+#include "platform/pictures/PictureView.hpp"
 #include "platform/pictures/StdPicture.hpp"
-#include "platform/screen/Desktop.hpp"
 
 namespace mobrel {
 
 class cDIBDither;
 class cDIBPal;
+class Clipboard;
 
 /// Where a picture lies when it is fitted into a rectangle: place and size.
 struct BestFitInfo {
@@ -65,6 +66,10 @@ class Surface {
 
     /// Copies the block of the surface's size at (x, y) of another target to (0, 0).
     void LoadBlt(const DeviceContext& hSrcDC, int x = 0, int y = 0);
+    /// A copy of a rectangle of the picture, right and bottom outside of it, as adopt takes it; black where
+    /// it lies beside the picture. Nothing when the surface is empty, no surface can have that size, or
+    /// memory is short.
+    std::optional<PixelBuffer> part(const Rect& rect) const noexcept;
     /// Fits the whole of another surface to this one's size, nearest neighbour. Nothing when either
     /// is empty.
     void LoadDIBBlt(const Surface& DIB);

@@ -50,7 +50,8 @@ void fMain::mnuEdits(int Index) {
 
 void fMain::mnuColorsz(int Index) {
     if (!DIBDither) throw RuntimeError(ErrorNumber::ObjectNotSet);  // no command comes before Load
-    changeDepth(Index, {Canvas.DIB, DIBPal, *DIBDither, BPP}, [this](bool on) { setHourglass(on); });
+    changeDepth(DepthCommand{Index}, {Canvas.DIB, DIBPal, *DIBDither, BPP},
+                [this](bool on) { setHourglass(on); });
     Views.tell(&DocumentView::depthChanged);
     refreshInfo();
     Canvas.Repaint();

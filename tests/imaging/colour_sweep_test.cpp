@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "imaging/ColourDepth.hpp"
+#include "imaging/PictureInfo.hpp"
 #include "imaging/cDIBDither.hpp"
 #include "imaging/cDIBPal.hpp"
 #include "platform/base/RandomSource.hpp"
@@ -293,7 +294,8 @@ struct DepthRun {
     }
 
     void run(int index) {
-        changeDepth(index, {surface, palette, dither, bpp}, [this](bool on) { hourglass += on ? 1 : -1; });
+        changeDepth(DepthCommand{index}, {surface, palette, dither, bpp},
+                    [this](bool on) { hourglass += on ? 1 : -1; });
         recipes::depthCommand(expected, index, expectedLog);
     }
 
@@ -340,7 +342,8 @@ TEST(DepthCommands, SlimPicturesKeepTheirColours) {
     for (const auto& [width, height] : {PictureSize{1000, 1}, {1, 1000}, {2000, 3}}) {
         Picture picture(width, height, {10, 200, 30, 0});
         DepthRun document(picture);
-        changeDepth(6, {document.surface, document.palette, document.dither, document.bpp}, [](bool) {});
+        changeDepth(DepthCommand::Colors256,
+                    {document.surface, document.palette, document.dither, document.bpp}, [](bool) {});
         EXPECT_EQ(firstDifference(picture, test::fromSurface(document.surface)), "");
         EXPECT_EQ(document.palette.rgbG(0), 200);
     }
@@ -349,7 +352,8 @@ TEST(DepthCommands, SlimPicturesKeepTheirColours) {
 TEST(DepthCommands, LeaveAnEmptySurfaceEmpty) {
     for (int index = 0; index <= 8; ++index) {
         DepthRun document{Picture()};
-        changeDepth(index, {document.surface, document.palette, document.dither, document.bpp}, [](bool) {});
+        changeDepth(DepthCommand{index}, {document.surface, document.palette, document.dither, document.bpp},
+                    [](bool) {});
         EXPECT_EQ(document.surface.hDIB(), nullptr);
         EXPECT_TRUE(document.log.isEmpty());
     }

@@ -100,7 +100,8 @@ void tryTask(const Task& task, std::span<const StepAction> steps, const Options&
     applySteps(steps, document);
     writeResult(task, options, document);
     const bool isResult = options.placement != Placement::Nowhere;
-    if (!isResult) outcome.info = infoOf(document);
+    if (!isResult)
+        outcome.info = infoOf(document.surface, document.palette, document.indices, document.depth);
     outcome.width = document.surface.Width();
     outcome.height = document.surface.Height();
     const int depth = document.depth;

@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <string_view>
 
-#include "imaging/ColourDepth.hpp"
 #include "programs/batch/steps/MessageText.hpp"
 
 namespace mobrel::batch {
@@ -20,17 +19,6 @@ std::string infoLine(std::string_view label, const std::string& value) {
 }
 
 }  // namespace
-
-PictureInfo infoOf(const Document& document) {
-    PictureInfo info;
-    info.width = document.surface.Width();
-    info.height = document.surface.Height();
-    info.depth = document.depth;
-    info.palette = paletteLabel(info.depth, document.palette.IsGreyScale());
-    info.colorsUsed = document.indices.CountColors(document.surface);
-    info.bitmapBytes = pvCalcSize(info.width, info.height, info.depth);
-    return info;
-}
 
 std::string infoText(const std::string& file, const PictureInfo& info) {
     return onOneLine(file) + '\n' + infoLine("Width:", std::to_string(info.width) + " pixels") +

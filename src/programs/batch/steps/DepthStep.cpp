@@ -19,8 +19,8 @@ constexpr std::array<DepthCommand, kModes.size()> kCommands = {
 StepAction prepareDepth(const StepValues& values, const ReadOptions&) {
     const DepthCommand command = kCommands[static_cast<std::size_t>(*values.numbers.front())];
     return [command](Document& document, cDIBFilter&) {
-        changeDepth(static_cast<int>(command),
-                    {document.surface, document.palette, document.indices, document.depth}, [](bool) {});
+        changeDepth(command, {document.surface, document.palette, document.indices, document.depth},
+                    [](bool) {});
     };
 }
 

@@ -7,6 +7,7 @@
 #include <limits>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "imaging/mGDIpEx.hpp"
 #include "platform/base/Numbers.hpp"
@@ -99,34 +100,23 @@ StepAction prepareOrientation(const StepValues& values, const ReadOptions&) {
     return [=](Document& document, cDIBFilter&) { turn(document, asked); };
 }
 
-struct Rectangle {
-    int left;
-    int top;
-    int right;
-    int bottom;
-};
-
-void crop(Document& document, const Rectangle& asked) {
+void crop(Document& document, const Rect& asked) {
     cDIB& surface = document.surface;
-    const Rectangle part{asked.left, asked.top, std::min(asked.right, surface.Width()),
-                         std::min(asked.bottom, surface.Height())};
-    if (part.left >= part.right || part.top >= part.bottom) {
+    const Rect within{asked.left, asked.top, std::min(asked.right, surface.Width()),
+                      std::min(asked.bottom, surface.Height())};
+    if (within.left >= within.right || within.top >= within.bottom) {
         throw Failure("the rectangle lies outside the picture of " + std::to_string(surface.Width()) + " x " +
                       std::to_string(surface.Height()) + " pixels");
     }
-    cDIB copy;
-    const int width = part.right - part.left;
-    const int height = part.bottom - part.top;
-    if (!copy.Create(width, height, 0)) throw Failure("not enough memory");
-    copy.LoadBlt(*surface.hDIBDC(), part.left, part.top);
-    if (!surface.Create(width, height, 0)) throw Failure("not enough memory");
-    surface.LoadBlt(*copy.hDIBDC());
+    auto part = surface.part(within);
+    if (!part) throw Failure("not enough memory");
+    surface.adopt(*std::move(part));
     document.dropPalette();
 }
 
 StepAction prepareCrop(const StepValues& values, const ReadOptions&) {
     const auto side = [&](std::size_t i) { return static_cast<int>(*values.numbers[i]); };
-    const Rectangle asked{side(0), side(1), side(2), side(3)};
+    const Rect asked{side(0), side(1), side(2), side(3)};
     if (asked.left >= asked.right || asked.top >= asked.bottom) {
         throw UsageError("Crop needs Left below Right and Top below Bottom");
     }
