@@ -2,16 +2,14 @@
 #include "imaging/cDIBDither.hpp"
 
 #include <algorithm>
-#include <array>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
-#include <span>
 
-#include "imaging/ErrorDiffusion.hpp"
 #include "imaging/IndexRow.hpp"
-#include "imaging/WaveBand.hpp"
 #include "imaging/WeightedGrey.hpp"
+#include "imaging/diffusion/FloydSteinberg.hpp"
+#include "imaging/diffusion/Stucki.hpp"
 #include "imaging/grey_vectors.hpp"
 #include "platform/base/Numbers.hpp"
 
@@ -68,10 +66,11 @@ int depthOf(int entries) {
 
 /// Sets a row to its weighted greys.
 void setGreys(std::uint8_t* row, int width) {
+    constexpr std::size_t kMostLanes = 16;
     const auto count = static_cast<std::size_t>(width);
     for (std::size_t x = 0; x < count;) {
         x += greyUntilTie(row + x * 4, count - x);
-        for (const std::size_t end = std::min<std::size_t>(count, x + WaveBand::kMostRows); x < end; ++x) {
+        for (const std::size_t end = std::min(count, x + kMostLanes); x < end; ++x) {
             std::uint8_t* const pixel = row + x * 4;
             pixel[0] = pixel[1] = pixel[2] = weightedGrey(pixel);
         }
@@ -79,60 +78,41 @@ void setGreys(std::uint8_t* row, int width) {
 }
 
 /// The pixels become full greys; only their indices are reduced.
-void toGreys(WaveBand& band, const GreyLevels& levels) {
-    const auto count = static_cast<std::size_t>(band.width());
-    for (int row = 0; row < band.rows(); ++row) {
-        std::uint8_t* const pixels = band.pixel(row, 0);
-        std::uint8_t* const indices = band.indices(row);
-        setGreys(pixels, band.width());
-        for (std::size_t x = takeFirstBytes(pixels, count, indices); x < count; ++x)
-            indices[x] = pixels[x * 4];
-        if (levels.step == 1) continue;
-        for (std::size_t x = 0; x < count; ++x) {
-            indices[x] = static_cast<std::uint8_t>(levels.index(indices[x]));
-        }
+void toGreys(RowBand& row, const GreyLevels& levels) {
+    const auto count = static_cast<std::size_t>(row.width());
+    std::uint8_t* const pixels = row.pixel(0, 0);
+    std::uint8_t* const indices = row.indices(0);
+    setGreys(pixels, row.width());
+    for (std::size_t x = takeFirstBytes(pixels, count, indices); x < count; ++x) indices[x] = pixels[x * 4];
+    if (levels.step == 1) return;
+    for (std::size_t x = 0; x < count; ++x) indices[x] = static_cast<std::uint8_t>(levels.index(indices[x]));
+}
+
+void toColours(RowBand& row, const std::vector<std::uint32_t>& table) {
+    for (int x = 0; x < row.width(); ++x) {
+        const auto place = static_cast<std::size_t>(cubePlace(row.pixel(0, x)));
+        row.set(0, x, static_cast<std::uint8_t>(table[place] >> 24));
     }
 }
 
-void toColours(WaveBand& band, const std::vector<std::uint32_t>& table) {
-    for (int row = 0; row < band.rows(); ++row) {
-        for (int x = 0; x < band.width(); ++x) {
-            const auto place = static_cast<std::size_t>(cubePlace(band.pixel(row, x)));
-            band.set(row, x, static_cast<std::uint8_t>(table[place] >> 24));
-        }
-    }
-}
-
-/// The sum of all plain greys, after each row of which `rowDone` is called.
-template <typename RowDone>
-std::int64_t sumOfGreys(const cDIB& DIB, RowDone rowDone) {
+/// The sum of all plain greys, after each row of which summed(y) is called.
+template <typename Summed>
+std::int64_t sumOfGreys(const cDIB& DIB, Summed summed) {
     std::int64_t sum = 0;
     for (int y = 0; y < DIB.Height(); ++y) {
         sum += sumOfPlainGreys(DIB.hDIB()->row(y), static_cast<std::size_t>(DIB.Width()));
-        rowDone();
+        summed(y);
     }
     return sum;
 }
 
-/// Reduces a picture by one or two bands at a time, which reduce(bands) does, and packs the indices row by
-/// row.
-template <typename Reduce, typename RowDone>
-void reduceBands(cDIB& DIB, const Paint& paint, int bits, std::uint8_t* map, Reduce reduce, RowDone rowDone) {
-    const int rows = std::max(waveRows(), 1);
-    const int width = DIB.Width();
-    std::array<WaveBand, 2> bands = {WaveBand(DIB, paint), WaveBand(DIB, paint)};
-    for (int y = 0; y < DIB.Height();) {
-        bands[0].select(y, rows);
-        bands[1].select(y + bands[0].rows(), waveRows());
-        const std::span<WaveBand> used(bands.data(), bands[1].rows() > 0 ? 2 : 1);
-        reduce(used);
-        for (WaveBand& band : used) {
-            for (int row = 0; row < band.rows(); ++row, ++y, map += packedStride(width, bits)) {
-                packIndices(band.indices(row), width, bits, map);
-                rowDone(y);
-            }
-        }
-    }
+/// Packs the indices of each row into the map, of which packed(y) then tells.
+template <typename Packed>
+RowDone packInto(std::uint8_t* map, int width, int bits, Packed packed) {
+    return [=](int y, const std::uint8_t* indices) {
+        packIndices(indices, width, bits, map + packedStride(width, bits) * y);
+        packed(y);
+    };
 }
 
 }  // namespace
@@ -146,19 +126,16 @@ void cDIBDither::DitherToBlackAndWhite(cDIB& DIB, std::int32_t PalWeight) {
     if (DIB.hDIB() == nullptr) return;
     const int width = DIB.Width();
     const int height = DIB.Height();
-    std::uint8_t* map = InitializePalID(width, height, 1);
     float done = 0;
-    const auto rowDone = [&] {
+    const auto raiseHalf = [&](int) {
         done += 0.5F;
         Progress.raise(roundInt(done));
     };
-    const auto threshold = static_cast<int>(sumOfGreys(DIB, rowDone) / (std::int64_t{width} * height));
+    std::uint8_t* const map = InitializePalID(width, height, 1);
+    const auto threshold = static_cast<int>(sumOfGreys(DIB, raiseHalf) / (std::int64_t{width} * height));
 
     if (PalWeight == 0) throw RuntimeError(ErrorNumber::DivisionByZero);
-    StoredDiffusion diffusion(width, {threshold, PalWeight});
-    reduceBands(
-        DIB, greyPaint(1), 1, map, [&](std::span<WaveBand> bands) { diffusion.reduce(bands); },
-        [&](int) { rowDone(); });
+    Stucki(width, threshold, PalWeight).reduce(DIB, greyPaint(1), packInto(map, width, 1, raiseHalf));
     ProgressEnd.raise();
 }
 
@@ -167,18 +144,15 @@ void cDIBDither::DitherToGreyPalette(cDIB& DIB, const cDIBPal& Pal, bool Diffuse
     const int width = DIB.Width();
     const int bits = depthOf(Pal.Count());
     const GreyLevels levels(bits);
-    std::uint8_t* map = InitializePalID(width, DIB.Height(), bits);
-    PixelDiffusion diffusion(width);
-    reduceBands(
-        DIB, greyPaint(bits), bits, map,
-        [&](std::span<WaveBand> bands) {
-            if (Diffuse) {
-                diffusion.reduceGreys(bands, levels);
-            } else {
-                for (WaveBand& band : bands) toGreys(band, levels);
-            }
-        },
-        [&](int y) { Progress.raise(y); });
+    const Paint paint = greyPaint(bits);
+    const RowDone rowDone = packInto(InitializePalID(width, DIB.Height(), bits), width, bits,
+                                     [this](int y) { Progress.raise(y); });
+    if (Diffuse) {
+        FloydSteinbergGreys(width, levels).reduce(DIB, paint, rowDone);
+    } else {
+        reduceRows(
+            DIB, paint, [&](RowBand& row) { toGreys(row, levels); }, rowDone);
+    }
     ProgressEnd.raise();
 }
 
@@ -188,18 +162,14 @@ void cDIBDither::DitherToColorPalette(cDIB& DIB, const cDIBPal& Pal, bool Diffus
     const int bits = depthOf(Pal.Count());
     const Paint paint = colourPaint(Pal);
     const auto table = colourTable(Pal, paint);
-    std::uint8_t* map = InitializePalID(width, DIB.Height(), bits);
-    PixelDiffusion diffusion(width);
-    reduceBands(
-        DIB, paint, bits, map,
-        [&](std::span<WaveBand> bands) {
-            if (Diffuse) {
-                diffusion.reduceColours(bands, table.data());
-            } else {
-                for (WaveBand& band : bands) toColours(band, table);
-            }
-        },
-        [&](int y) { Progress.raise(y); });
+    const RowDone rowDone = packInto(InitializePalID(width, DIB.Height(), bits), width, bits,
+                                     [this](int y) { Progress.raise(y); });
+    if (Diffuse) {
+        FloydSteinbergColours(width, table.data()).reduce(DIB, paint, rowDone);
+    } else {
+        reduceRows(
+            DIB, paint, [&](RowBand& row) { toColours(row, table); }, rowDone);
+    }
     ProgressEnd.raise();
 }
 

@@ -23,7 +23,7 @@ LAYERS = [
     ["platform/pictures/codecs"],
     ["platform/control"],
     ["platform/screen"],
-    ["imaging"],
+    ["imaging", "imaging/diffusion"],
     ["filters", "filters/kernels"],
     ["canvas", "controls"],
     ["shell"],

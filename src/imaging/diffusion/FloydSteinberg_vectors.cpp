@@ -1,38 +1,27 @@
 // SPDX-License-Identifier: MIT
-// Compiled once for each set of instructions; the processor's best is chosen when it runs.
-#include "imaging/DiffusionWave.hpp"
+#include "imaging/diffusion/FloydSteinberg.hpp"
 
 #include "imaging/WeightedGrey.hpp"
 
 #undef HWY_TARGET_INCLUDE
-#define HWY_TARGET_INCLUDE "imaging/PixelWave.cpp"
+#define HWY_TARGET_INCLUDE "imaging/diffusion/FloydSteinberg_vectors.cpp"
 #include <hwy/foreach_target.h>  // IWYU pragma: keep
 #include <hwy/highway.h>
 
-#include "platform/base/Processor.hpp"
+#include "imaging/diffusion/Wavefront-inl.hpp"
 
-#include "imaging/WaveLanes.hpp"
+#if HWY_TARGET != HWY_SCALAR
 
 HWY_BEFORE_NAMESPACE();
 namespace mobrel {
 namespace HWY_NAMESPACE {
-
-#if HWY_TARGET == HWY_SCALAR  // one lane is no vector
-
-int WaveRows() {
-    return 0;
-}
-void WaveColours(std::span<WaveBand>, const std::uint32_t*, Handover<std::uint32_t>&) {}
-void WaveGreys(std::span<WaveBand>, const GreyLevels&, Handover<std::uint32_t>&) {}
-
-#else
 
 using Bytes = hn::Repartition<std::uint8_t, Pixels>;
 using SignedBytes = hn::RebindToSigned<Bytes>;
 using ByteVector = hn::Vec<Bytes>;
 using ShareVector = hn::Vec<SignedBytes>;
 
-int WaveRows() {
+int wavefrontRows() {
     return static_cast<int>(hn::Lanes(Pixels()));
 }
 
@@ -168,9 +157,9 @@ struct GreyReduction {
 /// A share is added to a byte with its highest bit turned over, so that the limits of signed bytes are those
 /// of the pixel's.
 template <class Reduction>
-class PixelWave {
+class FloydSteinbergFront {
  public:
-    HWY_INLINE PixelWave(const WaveBand& band, const Reduction& reduction)
+    HWY_INLINE FloydSteinbergFront(const RowBand& band, const Reduction& reduction)
         : m_columns(band),
           m_reduction(reduction),
           m_seven(hn::Zero(SignedBytes())),
@@ -216,45 +205,34 @@ class PixelWave {
     ShareVector m_three;
     ShareVector m_five;
     ShareVector m_one;
-    Delay<SignedBytes, WaveBand::kLag - 2> m_threeLater;
-    Delay<SignedBytes, WaveBand::kLag - 1> m_fiveLater;
-    Delay<SignedBytes, WaveBand::kLag> m_oneLater;
+    Delay<SignedBytes, kLag - 2> m_threeLater;
+    Delay<SignedBytes, kLag - 1> m_fiveLater;
+    Delay<SignedBytes, kLag> m_oneLater;
 };
 
-void WaveColours(std::span<WaveBand> bands, const std::uint32_t* table, Handover<std::uint32_t>& errors) {
-    goThrough<PixelWave<ColourReduction> >(bands, ColourReduction{table}, errors);
+void diffuseColours(std::span<RowBand> bands, const std::uint32_t* table,
+                    CarriedErrors<std::uint32_t>& errors) {
+    passBands<FloydSteinbergFront<ColourReduction> >(bands, ColourReduction{table}, errors);
 }
 
-void WaveGreys(std::span<WaveBand> bands, const GreyLevels& levels, Handover<std::uint32_t>& errors) {
-    goThrough<PixelWave<GreyReduction> >(bands, GreyReduction{levels}, errors);
+void diffuseGreys(std::span<RowBand> bands, const GreyLevels& levels, CarriedErrors<std::uint32_t>& errors) {
+    passBands<FloydSteinbergFront<GreyReduction> >(bands, GreyReduction{levels}, errors);
 }
-
-#endif
 
 }  // namespace HWY_NAMESPACE
 }  // namespace mobrel
 HWY_AFTER_NAMESPACE();
 
+#endif
+
 #if HWY_ONCE
 
 namespace mobrel {
 
-MOBREL_VECTORS(WaveRows);
-MOBREL_VECTORS(WaveColours);
-MOBREL_VECTORS(WaveGreys);
-
-int waveRows() {
-    return MOBREL_BEST(WaveRows)();
-}
-
-void diffuseColours(std::span<WaveBand> bands, const std::uint32_t* table, Handover<std::uint32_t>& errors) {
-    MOBREL_BEST(WaveColours)(bands, table, errors);
-}
-
-void diffuseGreys(std::span<WaveBand> bands, const GreyLevels& levels, Handover<std::uint32_t>& errors) {
-    MOBREL_BEST(WaveGreys)(bands, levels, errors);
-}
+MOBREL_VECTOR_KERNEL(wavefrontRows);
+MOBREL_VECTOR_KERNEL(diffuseColours);
+MOBREL_VECTOR_KERNEL(diffuseGreys);
 
 }  // namespace mobrel
 
-#endif  // HWY_ONCE
+#endif

@@ -1,27 +1,20 @@
 // SPDX-License-Identifier: MIT
-// Compiled once for each set of instructions; the processor's best is chosen when it runs.
-#include "imaging/DiffusionWave.hpp"
+#include "imaging/diffusion/Stucki.hpp"
 
 #include <algorithm>
 
 #undef HWY_TARGET_INCLUDE
-#define HWY_TARGET_INCLUDE "imaging/StoredWave.cpp"
+#define HWY_TARGET_INCLUDE "imaging/diffusion/Stucki_vectors.cpp"
 #include <hwy/foreach_target.h>  // IWYU pragma: keep
 #include <hwy/highway.h>
 
-#include "platform/base/Processor.hpp"
+#include "imaging/diffusion/Wavefront-inl.hpp"
 
-#include "imaging/WaveLanes.hpp"
+#if HWY_TARGET != HWY_SCALAR
 
 HWY_BEFORE_NAMESPACE();
 namespace mobrel {
 namespace HWY_NAMESPACE {
-
-#if HWY_TARGET == HWY_SCALAR  // one lane is no vector
-
-void WaveStored(std::span<WaveBand>, const StoredRule&, Handover<float>&) {}
-
-#else
 
 using Floats = hn::RebindToFloat<Pixels>;
 using FloatVector = hn::Vec<Floats>;
@@ -66,11 +59,16 @@ class Spread {
     Delay<Floats, 3> m_fromLeft;
 };
 
+struct StuckiRule {
+    int threshold;
+    std::int32_t weight;
+};
+
 /// Collects the shares that come to each pixel. All are whole numbers, so the order of their sums does not
 /// count.
-class StoredWave {
+class StuckiFront {
  public:
-    HWY_INLINE StoredWave(const WaveBand& band, const StoredRule& rule)
+    HWY_INLINE StuckiFront(const RowBand& band, const StuckiRule& rule)
         : m_columns(band),
           m_last(hn::Set(Pixels(), static_cast<std::uint32_t>(band.width() - 1))),
           m_behind(hn::Set(Pixels(), static_cast<std::uint32_t>(band.width() + 1))),
@@ -134,30 +132,27 @@ class StoredWave {
     FloatVector m_fourBefore;
     Spread m_next;
     Spread m_overnext;
-    Delay<Floats, WaveBand::kLag> m_rowLater;
-    Delay<Floats, WaveBand::kLag - 3> m_stepLater;
+    Delay<Floats, kLag> m_rowLater;
+    Delay<Floats, kLag - 3> m_stepLater;
 };
 
-void WaveStored(std::span<WaveBand> bands, const StoredRule& rule, Handover<float>& errors) {
-    goThrough<StoredWave>(bands, rule, errors);
+void diffuseBlackAndWhite(std::span<RowBand> bands, int threshold, std::int32_t weight,
+                          CarriedErrors<float>& errors) {
+    passBands<StuckiFront>(bands, StuckiRule{threshold, weight}, errors);
 }
-
-#endif
 
 }  // namespace HWY_NAMESPACE
 }  // namespace mobrel
 HWY_AFTER_NAMESPACE();
 
+#endif
+
 #if HWY_ONCE
 
 namespace mobrel {
 
-MOBREL_VECTORS(WaveStored);
-
-void diffuseStored(std::span<WaveBand> bands, const StoredRule& rule, Handover<float>& errors) {
-    MOBREL_BEST(WaveStored)(bands, rule, errors);
-}
+MOBREL_VECTOR_KERNEL(diffuseBlackAndWhite);
 
 }  // namespace mobrel
 
-#endif  // HWY_ONCE
+#endif
