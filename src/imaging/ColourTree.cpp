@@ -74,15 +74,14 @@ void ColourTree::addPixel(const std::uint8_t* pixel) {
             ++node(number).pixelCount;
             Node& made = node(child);
             made.isLeaf = level == m_levels;
-            made.next = made.pixelCount = made.sumR = made.sumG = made.sumB = 0;
+            made.next = made.pixelCount = 0;
+            made.sums.fill(0);
         }
         Node& entered = node(child);
         if (entered.isLeaf) {
             if (entered.pixelCount == 0) ++m_colours;
             ++entered.pixelCount;
-            entered.sumR = wrapAdd(entered.sumR, pixel[2]);
-            entered.sumG = wrapAdd(entered.sumG, pixel[1]);
-            entered.sumB = wrapAdd(entered.sumB, pixel[0]);
+            for (std::int32_t& sum : entered.sums) sum = wrapAdd(sum, *pixel++);
             return;
         }
         if (!entered.inReducibleList) {
@@ -103,13 +102,14 @@ bool ColourTree::mergeOne() {
     Node& merged = node(number);
     m_reducible[level] = merged.next;
 
-    merged.sumR = merged.sumG = merged.sumB = merged.pixelCount = 0;
+    merged.pixelCount = 0;
+    merged.sums.fill(0);
     for (NodeNumber& place : merged.children) {
         const NodeNumber child = std::exchange(place, 0);
         if (child == 0) continue;
-        merged.sumR = wrapAdd(merged.sumR, node(child).sumR);
-        merged.sumG = wrapAdd(merged.sumG, node(child).sumG);
-        merged.sumB = wrapAdd(merged.sumB, node(child).sumB);
+        for (std::size_t channel = 0; channel < 3; ++channel) {
+            merged.sums[channel] = wrapAdd(merged.sums[channel], node(child).sums[channel]);
+        }
         merged.pixelCount = wrapAdd(merged.pixelCount, node(child).pixelCount);
         releaseNode(child);
         --m_colours;
@@ -156,8 +156,8 @@ std::vector<RgbQuad> ColourTree::coloursByPopularity() {
     for (const auto& [count, number] : order) {
         const Node& leaf = node(number);
         if (!leaf.isLeaf) continue;
-        colours.push_back(
-            {meanByte(leaf.sumB, count), meanByte(leaf.sumG, count), meanByte(leaf.sumR, count), 0});
+        const auto& [blue, green, red] = leaf.sums;
+        colours.push_back({meanByte(blue, count), meanByte(green, count), meanByte(red, count), 0});
     }
     return colours;
 }

@@ -34,9 +34,7 @@ class ColourTree {
     struct Node {
         bool isLeaf = false;
         bool inReducibleList = false;
-        std::int32_t sumR = 0;
-        std::int32_t sumG = 0;
-        std::int32_t sumB = 0;
+        std::array<std::int32_t, 3> sums{};  // of blue, green and red
         /// Pixels of a leaf; of an inner node the children ever made, which the sort runs over too.
         std::int32_t pixelCount = 0;
         std::array<NodeNumber, 8> children{};

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "imaging/GifReduction.hpp"
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <new>
@@ -10,7 +9,8 @@
 #include <utility>
 
 #include "imaging/FittedPalette.hpp"
-#include "imaging/NearestEntry.hpp"
+#include "imaging/NearestByCells.hpp"
+#include "imaging/diffusion/SerpentineFloydSteinberg.hpp"
 #include "platform/base/Numbers.hpp"
 
 namespace mobrel {
@@ -29,8 +29,8 @@ std::size_t pixelCount(const cDIB& DIB) {
 /// Gives each colour that comes an index, as long as there are few.
 class OwnColours {
  public:
-    /// Nothing when this would be one colour too many.
-    std::optional<std::uint8_t> indexOf(const RgbQuad& colour) {
+    /// The index; nothing when this would be one colour too many.
+    std::optional<std::uint8_t> add(const RgbQuad& colour) {
         const auto key = static_cast<std::uint32_t>(colour.blue | colour.green << 8 | colour.red << 16);
         if (key == m_lastKey) return m_lastIndex;
         const auto found = m_indices.find(key);
@@ -61,7 +61,7 @@ std::optional<ReducedPicture> withOwnColours(const cDIB& DIB) {
     for (int y = 0; y < DIB.Height(); ++y) {
         const std::uint8_t* pixel = DIB.hDIBDC()->line(y);
         for (int x = 0; x < DIB.Width(); ++x, pixel += kPixelBytes) {
-            const auto index = colours.indexOf({pixel[0], pixel[1], pixel[2], 0});
+            const auto index = colours.add({pixel[0], pixel[1], pixel[2], 0});
             if (!index) return std::nullopt;
             picture.indices.push_back(*index);
         }
@@ -77,7 +77,7 @@ void moveToMeans(std::vector<RgbQuad>& table, const cDIB& copy) {
         std::int32_t count = 0;
     };
     std::vector<Sum> sums(table.size());
-    NearestEntry nearest(table);
+    NearestByCells nearest(table);
     const std::uint8_t* pixel = copy.DIBitsPtr();
     for (std::size_t i = 0; i < pixelCount(copy); ++i, pixel += kPixelBytes) {
         Sum& sum = sums[nearest.index({pixel[0], pixel[1], pixel[2], 0})];
@@ -106,71 +106,14 @@ std::vector<RgbQuad> fittedTable(const cDIB& DIB) {
     return table;
 }
 
-/// Floyd and Steinberg's shares of a line's errors, in sixteenths, kept beside the pixels so that nothing
-/// is cut off on the way.
-class Diffusion {
- public:
-    explicit Diffusion(int width) : m_here(static_cast<std::size_t>(width) + 2), m_below(m_here.size()) {}
-
-    /// The component with the error that has come to column x of this line.
-    std::uint8_t corrected(std::uint8_t component, int x, std::size_t channel) const {
-        return clampByte(component + ((place(m_here, x)[channel] + 8) >> 4));
-    }
-
-    /// Spreads an error from column x to the column beside it in the direction of the scan, and below.
-    void spread(int error, int x, int direction, std::size_t channel) {
-        place(m_here, x + direction)[channel] += error * 7;
-        place(m_below, x - direction)[channel] += error * 3;
-        place(m_below, x)[channel] += error * 5;
-        place(m_below, x + direction)[channel] += error;
-    }
-
-    void nextLine() {
-        m_here.swap(m_below);
-        std::ranges::fill(m_below, Colour{});
-    }
-
- private:
-    // One place more at each end takes what falls off the line.
-    static Colour& place(std::vector<Colour>& line, int x) { return *(line.begin() + 1 + x); }
-    static const Colour& place(const std::vector<Colour>& line, int x) { return *(line.begin() + 1 + x); }
-
-    std::vector<Colour> m_here;
-    std::vector<Colour> m_below;
-};
-
-/// Every other line is scanned from the right, so that no trail of the errors shows.
-ReducedPicture diffused(const cDIB& DIB, std::vector<RgbQuad> table) {
-    ReducedPicture picture;
-    picture.colorTable = std::move(table);
-    picture.indices.resize(pixelCount(DIB));
-    const int width = DIB.Width();
-    NearestEntry nearest(picture.colorTable);
-    Diffusion errors(width);
-    std::uint8_t* indices = picture.indices.data();
-    for (int y = 0; y < DIB.Height(); ++y, indices += width) {
-        const std::uint8_t* line = DIB.hDIBDC()->line(y);
-        const int direction = y % 2 == 0 ? 1 : -1;
-        for (int i = 0, x = direction > 0 ? 0 : width - 1; i < width; ++i, x += direction) {
-            const std::uint8_t* pixel = line + static_cast<std::size_t>(x) * kPixelBytes;
-            const RgbQuad wanted = {errors.corrected(pixel[0], x, 0), errors.corrected(pixel[1], x, 1),
-                                    errors.corrected(pixel[2], x, 2), 0};
-            indices[x] = nearest.index(wanted);
-            const RgbQuad& taken = picture.colorTable[indices[x]];
-            errors.spread(wanted.blue - taken.blue, x, direction, 0);
-            errors.spread(wanted.green - taken.green, x, direction, 1);
-            errors.spread(wanted.red - taken.red, x, direction, 2);
-        }
-        errors.nextLine();
-    }
-    return picture;
-}
-
 }  // namespace
 
 ReducedPicture reduceForGif(const cDIB& DIB) {
-    std::optional<ReducedPicture> own = withOwnColours(DIB);
-    return own ? std::move(*own) : diffused(DIB, fittedTable(DIB));
+    if (std::optional<ReducedPicture> own = withOwnColours(DIB)) return *std::move(own);
+    ReducedPicture picture;
+    picture.colorTable = fittedTable(DIB);
+    picture.indices = diffuseSerpentine(DIB, picture.colorTable);
+    return picture;
 }
 
 }  // namespace mobrel

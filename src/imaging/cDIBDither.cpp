@@ -135,7 +135,7 @@ void cDIBDither::DitherToBlackAndWhite(cDIB& DIB, std::int32_t PalWeight) {
     const auto threshold = static_cast<int>(sumOfGreys(DIB, raiseHalf) / (std::int64_t{width} * height));
 
     if (PalWeight == 0) throw RuntimeError(ErrorNumber::DivisionByZero);
-    Stucki(width, threshold, PalWeight).reduce(DIB, greyPaint(1), packInto(map, width, 1, raiseHalf));
+    diffuseStucki(DIB, greyPaint(1), threshold, PalWeight, packInto(map, width, 1, raiseHalf));
     ProgressEnd.raise();
 }
 
@@ -148,7 +148,7 @@ void cDIBDither::DitherToGreyPalette(cDIB& DIB, const cDIBPal& Pal, bool Diffuse
     const RowDone rowDone = packInto(InitializePalID(width, DIB.Height(), bits), width, bits,
                                      [this](int y) { Progress.raise(y); });
     if (Diffuse) {
-        FloydSteinbergGreys(width, levels).reduce(DIB, paint, rowDone);
+        diffuseFloydSteinberg(DIB, paint, levels, rowDone);
     } else {
         reduceRows(
             DIB, paint, [&](RowBand& row) { toGreys(row, levels); }, rowDone);
@@ -165,7 +165,7 @@ void cDIBDither::DitherToColorPalette(cDIB& DIB, const cDIBPal& Pal, bool Diffus
     const RowDone rowDone = packInto(InitializePalID(width, DIB.Height(), bits), width, bits,
                                      [this](int y) { Progress.raise(y); });
     if (Diffuse) {
-        FloydSteinbergColours(width, table.data()).reduce(DIB, paint, rowDone);
+        diffuseFloydSteinberg(DIB, paint, table.data(), rowDone);
     } else {
         reduceRows(
             DIB, paint, [&](RowBand& row) { toColours(row, table); }, rowDone);

@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-#include "imaging/NearestColour.hpp"
+#include "imaging/NearestByFullSearch.hpp"
 #include "imaging/cDIB.hpp"
 #include "platform/pictures/StdPicture.hpp"
 
@@ -33,7 +33,7 @@ class cDIBPal {
     RgbQuad* PalettePtr() noexcept { return m_entries.data(); }
     const RgbQuad* PalettePtr() const noexcept { return m_entries.data(); }
     /// What ClosestColor searches: the table as the last builder left it; null when there is none.
-    const NearestColour* hPal() const noexcept { return m_searchable ? &*m_searchable : nullptr; }
+    const NearestByFullSearch* hPal() const noexcept { return m_searchable ? &*m_searchable : nullptr; }
     int Count() const noexcept { return static_cast<int>(m_entries.size()); }
 
     /// A component of an entry. Error 9 when there is no such entry.
@@ -75,10 +75,11 @@ class cDIBPal {
  private:
     const RgbQuad& entry(std::uint8_t PalEntry) const;
     void makeSearchable();
+    void createEvenGreys(int count);
     void sampleGrid(const cDIB& DIB, int side);
 
     std::vector<RgbQuad> m_entries;
-    std::optional<NearestColour> m_searchable;
+    std::optional<NearestByFullSearch> m_searchable;
 };
 
 }  // namespace mobrel

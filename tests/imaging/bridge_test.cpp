@@ -13,8 +13,8 @@
 
 #include "imaging/FittedPalette.hpp"
 #include "imaging/GifReduction.hpp"
-#include "imaging/NearestColour.hpp"
-#include "imaging/NearestEntry.hpp"
+#include "imaging/NearestByCells.hpp"
+#include "imaging/NearestByFullSearch.hpp"
 #include "imaging/cDIBDither.hpp"
 #include "imaging/mGDIpEx.hpp"
 #include "platform/pictures/PictureReader.hpp"
@@ -223,7 +223,7 @@ TEST_F(Bridge, WritePictureTellsErrorsAndLeavesTheFileOpen) {
     EXPECT_NE(LoadPictureGDIp(file), nullptr);
 }
 
-TEST(NearestEntry, AnswersAsTheFullSearchDoes) {
+TEST(NearestByCells, AnswersAsTheFullSearchDoes) {
     std::uint32_t state = 7;
     const auto next = [&] { return static_cast<std::uint8_t>((state = state * 1664525 + 1013904223) >> 24); };
     for (const std::size_t count : {1U, 2U, 16U, 256U}) {
@@ -232,8 +232,8 @@ TEST(NearestEntry, AnswersAsTheFullSearchDoes) {
             entry = {next(), next(), next(), 0};
             if (next() < 64) entry = entries.front();  // doubles: the lowest index counts
         }
-        const NearestColour full(entries);
-        NearestEntry quick(entries);
+        const NearestByFullSearch full(entries);
+        NearestByCells quick(entries);
         int wrong = 0;
         for (int i = 0; i < 20000; ++i) {
             const RgbQuad colour = {next(), next(), next(), 0};

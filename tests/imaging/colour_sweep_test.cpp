@@ -110,7 +110,7 @@ TEST(Palettes, FindTheNearestEntryAndTheLowestOfEquals) {
         entries.entries.resize(static_cast<std::size_t>(count));
         std::vector<RgbQuad> quads;
         for (const auto& entry : entries.entries) quads.push_back({entry[0], entry[1], entry[2], 0});
-        const NearestColour nearest(quads);
+        const NearestByFullSearch nearest(quads);
         const ColourCube cube = nearest.cube();
         for (int i = 0; i < 4096; ++i) {
             const auto value = [i](int shift) { return static_cast<std::uint8_t>((i >> shift & 15) * 17); };

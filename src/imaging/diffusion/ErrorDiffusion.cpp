@@ -39,11 +39,10 @@ void reduceRows(cDIB& DIB, const Paint& paint, const std::function<void(RowBand&
     }
 }
 
-void ErrorDiffusion::reduce(cDIB& DIB, const Paint& paint, const RowDone& rowDone) {
+void diffuse(cDIB& DIB, const Paint& paint, const std::function<void(RowBand&)>& reduceRow,
+             const std::function<void(std::span<RowBand>)>& reduceBands, const RowDone& rowDone) {
     const int mostRows = wavefrontRows();
-    if (mostRows == 0)
-        return reduceRows(
-            DIB, paint, [this](RowBand& row) { reduceRow(row); }, rowDone);
+    if (mostRows == 0) return reduceRows(DIB, paint, reduceRow, rowDone);
     std::array<RowBand, 2> bands = {RowBand(DIB, paint, mostRows), RowBand(DIB, paint, mostRows)};
     for (int y = 0; y < DIB.Height();) {
         bands[0].select(y);

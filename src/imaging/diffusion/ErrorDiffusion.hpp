@@ -65,24 +65,11 @@ using RowDone = std::function<void(int y, const std::uint8_t* indices)>;
 void reduceRows(cDIB& DIB, const Paint& paint, const std::function<void(RowBand&)>& reduceRow,
                 const RowDone& rowDone);
 
-/// A method of error diffusion, on its way through one picture.
-class ErrorDiffusion {
- public:
-    ErrorDiffusion() = default;
-    ErrorDiffusion(const ErrorDiffusion&) = delete;
-    ErrorDiffusion& operator=(const ErrorDiffusion&) = delete;
-    virtual ~ErrorDiffusion() = default;
-
-    /// Reduces all rows: in wavefronts, and pixel by pixel on a processor without vectors.
-    void reduce(cDIB& DIB, const Paint& paint, const RowDone& rowDone);
-
- private:
-    /// Reduces a band of one row pixel by pixel.
-    virtual void reduceRow(RowBand& row) = 0;
-    /// Reduces a band of wavefrontRows() rows, or two of them that follow each other. Only the last band of a
-    /// picture may have fewer rows.
-    virtual void reduceBands(std::span<RowBand> bands) = 0;
-};
+/// Reduces a picture by error diffusion. On a processor without vectors `reduceRow` does that pixel by pixel
+/// for a band of one row. Otherwise `reduceBands` does it in wavefronts, for a band of wavefrontRows() rows
+/// or for two of them that follow each other; only the last band of a picture may have fewer rows.
+void diffuse(cDIB& DIB, const Paint& paint, const std::function<void(RowBand&)>& reduceRow,
+             const std::function<void(std::span<RowBand>)>& reduceBands, const RowDone& rowDone);
 
 /// How many rows a wavefront takes on this processor; 0 without vectors.
 extern const VectorKernel<int()> wavefrontRows;

@@ -4,7 +4,7 @@
 #include <array>
 #include <cstdlib>
 
-#include "imaging/NearestColour.hpp"
+#include "imaging/NearestByFullSearch.hpp"
 #include "imaging/WeightedGrey.hpp"
 #include "platform/base/Numbers.hpp"
 
@@ -33,42 +33,44 @@ void spread(const ChannelErrors& errors, std::uint8_t* pixel, std::uint8_t* abov
     if (hasLeft) addShare(above - 4, errors, 3);
 }
 
-/// entryOf(pixel) is what a pixel becomes, a colour with its index above it.
-template <typename EntryOf>
-void reducePixels(RowBand& band, EntryOf entryOf) {
-    const bool hasAbove = band.firstRow() + 1 < band.height();
-    for (int x = 0; x < band.width(); ++x) {
-        std::uint8_t* const pixel = band.pixel(0, x);
-        const std::uint32_t entry = entryOf(pixel);
+/// toEntry(pixel) is what a pixel becomes, a colour with its index above it; it may change the pixel to what
+/// its errors are counted from.
+template <typename ToEntry>
+void reducePixels(RowBand& row, ToEntry toEntry) {
+    const bool hasAbove = row.firstRow() + 1 < row.height();
+    for (int x = 0; x < row.width(); ++x) {
+        std::uint8_t* const pixel = row.pixel(0, x);
+        const std::uint32_t entry = toEntry(pixel);
         const auto error = [&](int channel) {
             return pixel[channel] - static_cast<int>(entry >> channel * 8 & 0xFF);
         };
         const ChannelErrors errors = {error(0), error(1), error(2)};
-        band.set(0, x, static_cast<std::uint8_t>(entry >> 24));
-        spread(errors, pixel, hasAbove ? band.pixel(1, x) : nullptr, x > 0, x < band.width() - 1);
+        row.set(0, x, static_cast<std::uint8_t>(entry >> 24));
+        spread(errors, pixel, hasAbove ? row.pixel(1, x) : nullptr, x > 0, x < row.width() - 1);
     }
 }
 
 }  // namespace
 
-void FloydSteinbergColours::reduceRow(RowBand& row) {
-    reducePixels(row, [this](const std::uint8_t* pixel) { return m_table[cubePlace(pixel)]; });
+void diffuseFloydSteinberg(cDIB& DIB, const Paint& paint, const std::uint32_t* table,
+                           const RowDone& rowDone) {
+    const auto toEntry = [table](const std::uint8_t* pixel) { return table[cubePlace(pixel)]; };
+    CarriedErrors<std::uint32_t> errors(DIB.Width());
+    diffuse(
+        DIB, paint, [&](RowBand& row) { reducePixels(row, toEntry); },
+        [&](std::span<RowBand> bands) { diffuseColours(bands, table, errors); }, rowDone);
 }
 
-void FloydSteinbergColours::reduceBands(std::span<RowBand> bands) {
-    diffuseColours(bands, m_table, m_errors);
-}
-
-void FloydSteinbergGreys::reduceRow(RowBand& row) {
-    reducePixels(row, [this](std::uint8_t* pixel) {
+void diffuseFloydSteinberg(cDIB& DIB, const Paint& paint, const GreyLevels& levels, const RowDone& rowDone) {
+    const auto toEntry = [&levels](std::uint8_t* pixel) {
         const std::uint8_t grey = weightedGrey(pixel);
         pixel[0] = pixel[1] = pixel[2] = grey;
-        return m_levels.index(grey) * m_levels.entry;
-    });
-}
-
-void FloydSteinbergGreys::reduceBands(std::span<RowBand> bands) {
-    diffuseGreys(bands, m_levels, m_errors);
+        return levels.index(grey) * levels.entry;
+    };
+    CarriedErrors<std::uint32_t> errors(DIB.Width());
+    diffuse(
+        DIB, paint, [&](RowBand& row) { reducePixels(row, toEntry); },
+        [&](std::span<RowBand> bands) { diffuseGreys(bands, levels, errors); }, rowDone);
 }
 
 }  // namespace mobrel

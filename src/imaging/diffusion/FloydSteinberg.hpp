@@ -17,34 +17,12 @@ namespace mobrel {
 ///     3  5  1
 ///        x  7
 ///
-/// Here by a table of 4,096 colours, 0x00RRGGBB with their indices above, in the order of a ColourCube. The
-/// table stays the caller's.
-class FloydSteinbergColours : public ErrorDiffusion {
- public:
-    FloydSteinbergColours(int width, const std::uint32_t* table) : m_table(table), m_errors(width) {}
-
- private:
-    void reduceRow(RowBand& row) override;
-    void reduceBands(std::span<RowBand> bands) override;
-
-    const std::uint32_t* m_table;
-    CarriedErrors<std::uint32_t> m_errors;
-};
-
+/// Here by a table of 4,096 colours, 0x00RRGGBB with their indices above, in the order of a ColourCube.
+void diffuseFloydSteinberg(cDIB& DIB, const Paint& paint, const std::uint32_t* table, const RowDone& rowDone);
 /// The same by weighted greys.
-class FloydSteinbergGreys : public ErrorDiffusion {
- public:
-    FloydSteinbergGreys(int width, const GreyLevels& levels) : m_levels(levels), m_errors(width) {}
+void diffuseFloydSteinberg(cDIB& DIB, const Paint& paint, const GreyLevels& levels, const RowDone& rowDone);
 
- private:
-    void reduceRow(RowBand& row) override;
-    void reduceBands(std::span<RowBand> bands) override;
-
-    GreyLevels m_levels;
-    CarriedErrors<std::uint32_t> m_errors;
-};
-
-/// Both in wavefronts.
+/// Both for one or two bands in wavefronts.
 extern const VectorKernel<void(std::span<RowBand>, const std::uint32_t* table, CarriedErrors<std::uint32_t>&)>
     diffuseColours;
 extern const VectorKernel<void(std::span<RowBand>, const GreyLevels&, CarriedErrors<std::uint32_t>&)>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Exact nearest-colour search for many colours in one palette.
+// Exact nearest-colour search for many colours in one palette, by cells of the colour cube.
 #pragma once
 
 #include <cstddef>
@@ -11,11 +11,11 @@
 
 namespace mobrel {
 
-/// Answers as NearestColour does, by lists of the entries that can be nearest in each small cell of the
+/// Answers as NearestByFullSearch does, by lists of the entries that can be nearest in each small cell of the
 /// colour cube, made when the cell is first asked for. Keeps the colours it was made with; 1 to 256.
-class NearestEntry {
+class NearestByCells {
  public:
-    explicit NearestEntry(std::span<const RgbQuad> entries);
+    explicit NearestByCells(std::span<const RgbQuad> entries);
 
     std::uint8_t index(const RgbQuad& colour);
 

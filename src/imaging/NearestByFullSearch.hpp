@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Exact nearest-colour search in a palette.
+// Exact nearest-colour search in a palette, through all of its entries.
 #pragma once
 
 #include <array>
@@ -25,9 +25,10 @@ constexpr int cubePlace(const std::uint8_t* pixel) {
 
 /// Answers with the entry of least squared distance in red, green and blue, the lowest index among
 /// equals. Keeps the colours it was made with; 1 to 256 of them.
-class NearestColour {
+class NearestByFullSearch {
  public:
-    explicit NearestColour(std::span<const RgbQuad> entries) : m_entries(entries.begin(), entries.end()) {}
+    explicit NearestByFullSearch(std::span<const RgbQuad> entries)
+        : m_entries(entries.begin(), entries.end()) {}
 
     std::uint8_t index(std::uint8_t red, std::uint8_t green, std::uint8_t blue) const;
 

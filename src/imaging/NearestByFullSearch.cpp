@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "imaging/NearestColour.hpp"
+#include "imaging/NearestByFullSearch.hpp"
 
 #include <algorithm>
 
@@ -37,7 +37,7 @@ class LevelDistances {
 
 }  // namespace
 
-std::uint8_t NearestColour::index(std::uint8_t red, std::uint8_t green, std::uint8_t blue) const {
+std::uint8_t NearestByFullSearch::index(std::uint8_t red, std::uint8_t green, std::uint8_t blue) const {
     std::int32_t best = INT32_MAX;
     std::int32_t position = 0;
     for (const RgbQuad& entry : m_entries) {
@@ -48,7 +48,7 @@ std::uint8_t NearestColour::index(std::uint8_t red, std::uint8_t green, std::uin
     return static_cast<std::uint8_t>(best);
 }
 
-ColourCube NearestColour::cube() const {
+ColourCube NearestByFullSearch::cube() const {
     const std::size_t count = m_entries.size();
     const LevelDistances blue(m_entries, [](const RgbQuad& entry) { return entry.blue; });
     const LevelDistances green(m_entries, [](const RgbQuad& entry) { return entry.green; });

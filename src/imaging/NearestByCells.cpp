@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "imaging/NearestEntry.hpp"
+#include "imaging/NearestByCells.hpp"
 
 #include <algorithm>
 #include <array>
@@ -29,10 +29,10 @@ Reach reachTo(int value, int low, int high) {
 
 }  // namespace
 
-NearestEntry::NearestEntry(std::span<const RgbQuad> entries)
+NearestByCells::NearestByCells(std::span<const RgbQuad> entries)
     : m_entries(entries.begin(), entries.end()), m_cells(kCellsASide * kCellsASide * kCellsASide) {}
 
-std::uint8_t NearestEntry::index(const RgbQuad& colour) {
+std::uint8_t NearestByCells::index(const RgbQuad& colour) {
     const auto part = [](std::uint8_t component) { return std::size_t{component} >> kCellBits; };
     Cell& cell =
         m_cells[(part(colour.red) * kCellsASide + part(colour.green)) * kCellsASide + part(colour.blue)];
@@ -51,7 +51,7 @@ std::uint8_t NearestEntry::index(const RgbQuad& colour) {
 
 /// An entry can be nearest somewhere in the cell unless another is nearer everywhere: its nearest corner
 /// must not lie beyond some entry's farthest one.
-void NearestEntry::fill(Cell& cell, const RgbQuad& colour) {
+void NearestByCells::fill(Cell& cell, const RgbQuad& colour) {
     std::array<int, 256> leasts{};
     int bound = INT32_MAX;
     for (std::size_t i = 0; i < m_entries.size(); ++i) {
