@@ -34,7 +34,7 @@ class LineErrors {
     }
 
     void nextRow() {
-        std::ranges::rotate(m_lines, m_lines.begin() + 1);
+        std::rotate(m_lines.begin(), m_lines.begin() + 1, m_lines.end());
         std::ranges::fill(m_lines.back(), 0);
     }
 
