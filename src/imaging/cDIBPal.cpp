@@ -64,17 +64,9 @@ bool cDIBPal::IsGreyScale() const noexcept {
     });
 }
 
-void cDIBPal::createEvenGreys(int count) {
-    RgbQuad* entries = InitializePalette(count);
-    for (int i = 0; i < count; ++i) {
-        const int grey = i * 255 / (count - 1);
-        entries[i] = quad(grey, grey, grey);
-    }
-    makeSearchable();
-}
-
 void cDIBPal::CreateBlackAndWhite() {
-    createEvenGreys(2);
+    InitializePalette(2)[1] = quad(255, 255, 255);
+    makeSearchable();
 }
 
 void cDIBPal::CreateEGA() {
@@ -116,11 +108,15 @@ void cDIBPal::CreateWebsafe() {
 }
 
 void cDIBPal::CreateGreys_016() {
-    createEvenGreys(16);
+    RgbQuad* entries = InitializePalette(16);
+    for (int i = 0; i < 16; ++i) entries[i] = quad(i * 17, i * 17, i * 17);
+    makeSearchable();
 }
 
 void cDIBPal::CreateGreys_256() {
-    createEvenGreys(256);
+    RgbQuad* entries = InitializePalette(256);
+    for (int i = 0; i < 256; ++i) entries[i] = quad(i, i, i);
+    makeSearchable();
 }
 
 void cDIBPal::CreateFastOptimal_016(const cDIB& DIB) {

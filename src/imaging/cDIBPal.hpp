@@ -75,7 +75,6 @@ class cDIBPal {
  private:
     const RgbQuad& entry(std::uint8_t PalEntry) const;
     void makeSearchable();
-    void createEvenGreys(int count);
     void sampleGrid(const cDIB& DIB, int side);
 
     std::vector<RgbQuad> m_entries;
