@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "imaging/grey_vectors.hpp"
 
-#undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "imaging/grey_vectors.cpp"
 #include <hwy/foreach_target.h>  // IWYU pragma: keep
 #include <hwy/highway.h>

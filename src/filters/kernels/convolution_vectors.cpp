@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "filters/kernels/convolution_vectors.hpp"
 
-#undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "filters/kernels/convolution_vectors.cpp"
 #include <hwy/foreach_target.h>  // IWYU pragma: keep
 #include <hwy/highway.h>

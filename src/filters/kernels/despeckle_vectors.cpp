@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cstring>
 
-#undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "filters/kernels/despeckle_vectors.cpp"
 #include <hwy/foreach_target.h>  // IWYU pragma: keep
 #include <hwy/highway.h>

@@ -3,7 +3,6 @@
 
 #include "imaging/WeightedGrey.hpp"
 
-#undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "imaging/diffusion/FloydSteinberg_vectors.cpp"
 #include <hwy/foreach_target.h>  // IWYU pragma: keep
 #include <hwy/highway.h>

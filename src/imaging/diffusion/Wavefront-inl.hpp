@@ -18,6 +18,7 @@
 
 #include "imaging/GreyLanes.hpp"
 #include "imaging/diffusion/ErrorDiffusion.hpp"
+#include "platform/drawing/pixel_lanes-inl.hpp"
 
 #if HWY_TARGET != HWY_SCALAR
 
@@ -34,28 +35,9 @@ using Integers = hn::RebindToSigned<Pixels>;
 constexpr int kTileSide = 4;
 static_assert(kTileSide == kLag, "the tiles of a row lie as far behind as its pixels do");
 using TilePixels = hn::FixedTag<std::uint32_t, kTileSide>;
-using TileBytes = hn::Repartition<std::uint8_t, TilePixels>;
 using TileIndices = hn::Rebind<std::uint8_t, TilePixels>;
 using TileVector = hn::Vec<TilePixels>;
-
-HWY_INLINE TileVector loadTileLine(const std::uint8_t* pixels) {
-    return hn::BitCast(TilePixels(), hn::LoadU(TileBytes(), pixels));
-}
-
-/// Four lines of a tile; turned, its columns.
-struct Tile {
-    TileVector lines[kTileSide];
-
-    HWY_INLINE Tile turned() const {
-        const TilePixels d;
-        const TileVector lowerEven = hn::InterleaveLower(d, lines[0], lines[2]);
-        const TileVector lowerOdd = hn::InterleaveLower(d, lines[1], lines[3]);
-        const TileVector upperEven = hn::InterleaveUpper(d, lines[0], lines[2]);
-        const TileVector upperOdd = hn::InterleaveUpper(d, lines[1], lines[3]);
-        return {{hn::InterleaveLower(d, lowerEven, lowerOdd), hn::InterleaveUpper(d, lowerEven, lowerOdd),
-                 hn::InterleaveLower(d, upperEven, upperOdd), hn::InterleaveUpper(d, upperEven, upperOdd)}};
-    }
-};
+namespace lanes = kernels::HWY_NAMESPACE;
 
 /// The slots of kBlock steps through a band. Pixels come and go in tiles of four rows and four steps where
 /// all of these are within the picture, else one by one.
@@ -117,15 +99,16 @@ class Block {
     }
 
     void loadTiles(int row, int step, Steps tiles) {
+        const TilePixels d;
         const std::uint8_t* pixels = m_band.pixel(row, column(row, step + tiles.from));
         const std::ptrdiff_t bytes = pitch() * 4;
         std::uint32_t* to = slot(row, tiles.from);
         for (int k = tiles.from; k < tiles.to; k += kTileSide, pixels += kTileSide * 4) {
-            const Tile columns = Tile{{loadTileLine(pixels), loadTileLine(pixels + bytes),
-                                       loadTileLine(pixels + 2 * bytes), loadTileLine(pixels + 3 * bytes)}}
-                                     .turned();
-            for (const TileVector& column : columns.lines) {
-                hn::Store(column, TilePixels(), to);
+            TileVector tile[] = {lanes::load(d, pixels), lanes::load(d, pixels + bytes),
+                                 lanes::load(d, pixels + 2 * bytes), lanes::load(d, pixels + 3 * bytes)};
+            lanes::transposeBlocks(tile);
+            for (const TileVector& column : tile) {
+                hn::Store(column, d, to);
                 to += kMostRows;
             }
         }
@@ -140,15 +123,15 @@ class Block {
         const std::ptrdiff_t indexPitch = pitch();
         const std::uint32_t* from = slot(row, tiles.from);
         for (int k = tiles.from; k < tiles.to; k += kTileSide, from += kTileSide * kMostRows) {
-            const Tile lines = Tile{{hn::Load(d, from), hn::Load(d, from + kMostRows),
-                                     hn::Load(d, from + 2 * kMostRows), hn::Load(d, from + 3 * kMostRows)}}
-                                   .turned();
+            TileVector tile[] = {hn::Load(d, from), hn::Load(d, from + kMostRows),
+                                 hn::Load(d, from + 2 * kMostRows), hn::Load(d, from + 3 * kMostRows)};
+            lanes::transposeBlocks(tile);
             std::uint8_t* linePixels = pixels;
             std::uint8_t* lineIndices = indices;
-            for (const TileVector& line : lines.lines) {
+            for (const TileVector& line : tile) {
                 const TileVector painted =
-                    hn::Or(hn::And(line, colours), hn::And(loadTileLine(linePixels), kept));
-                hn::StoreU(hn::BitCast(TileBytes(), painted), TileBytes(), linePixels);
+                    hn::Or(hn::And(line, colours), hn::And(lanes::load(d, linePixels), kept));
+                lanes::store(painted, d, linePixels);
                 hn::StoreU(hn::U8FromU32(hn::ShiftRight<24>(line)), TileIndices(), lineIndices);
                 linePixels += indexPitch * 4;
                 lineIndices += indexPitch;

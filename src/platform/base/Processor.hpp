@@ -23,14 +23,9 @@ hwy::ChosenTarget& chosenTargets();
 /// nothing.
 inline void loadAhead(const std::uint8_t* at) {
     constexpr std::uintptr_t kPage = 4096;
-    hwy::Prefetch(reinterpret_cast<const std::uint8_t*>(reinterpret_cast<std::uintptr_t>(at) + kPage));
+    // Arithmetic with the pointer itself would be undefined past the end.
+    hwy::Prefetch(reinterpret_cast<const std::uint8_t*>(  // NOLINT(performance-no-int-to-ptr)
+        reinterpret_cast<std::uintptr_t>(at) + kPage));
 }
 
 }  // namespace mobrel
-
-/// The function for each set, behind one empty place.
-#define MOBREL_VECTORS(function)                                                                 \
-    static constexpr decltype(&HWY_STATIC_DISPATCH(function)) HWY_DISPATCH_TABLE(function)[] = { \
-        nullptr, HWY_CHOOSE_TARGET_LIST(function), HWY_CHOOSE_FALLBACK(function)}
-
-#define MOBREL_BEST(function) (*HWY_DISPATCH_TABLE(function)[mobrel::chosenTargets().GetIndex()])

@@ -3,7 +3,6 @@
 
 #include "platform/base/SplitMix.hpp"
 
-#undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "platform/base/random_vectors.cpp"
 #include <hwy/foreach_target.h>  // IWYU pragma: keep
 #include <hwy/highway.h>

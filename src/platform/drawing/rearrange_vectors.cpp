@@ -3,7 +3,6 @@
 
 #include <algorithm>
 
-#undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "platform/drawing/rearrange_vectors.cpp"
 #include <hwy/foreach_target.h>  // IWYU pragma: keep
 #include <hwy/highway.h>
