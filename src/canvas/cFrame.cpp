@@ -5,7 +5,7 @@
 #include <array>
 #include <cstddef>
 
-#include "canvas/cFrame_scale.hpp"
+#include "platform/base/Numbers.hpp"
 
 namespace mobrel {
 
@@ -25,17 +25,6 @@ constexpr std::array<PatternBrush, kBrushes> dashBrushes() {
     return brushes;
 }
 constexpr std::array<PatternBrush, kBrushes> kDashBrushes = dashBrushes();
-
-bool isEmpty(const Rect& rect) {
-    return rect.left >= rect.right || rect.top >= rect.bottom;
-}
-
-/// What two rectangles share; all sides 0 when that is nothing.
-Rect intersection(const Rect& a, const Rect& b) {
-    const Rect shared{std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
-                      std::min(a.bottom, b.bottom)};
-    return isEmpty(shared) ? Rect{} : shared;
-}
 
 }  // namespace
 
@@ -85,12 +74,11 @@ std::optional<Rect> cFrame::GetFrameRect(bool scaled) const {
 }
 
 bool cFrame::IsFrameEmpty() const {
-    return isEmpty(m_frameRect);
+    return m_frameRect.isEmpty();
 }
 
 bool cFrame::IsPointInFrame(int x, int y) const {
-    const auto [left, top, right, bottom] = m_frameRect;
-    return x >= left && x < right && y >= top && y < bottom;
+    return m_frameRect.contains(x, y);
 }
 
 void cFrame::setScaleFactor(float factor) {
@@ -100,7 +88,7 @@ void cFrame::setScaleFactor(float factor) {
 }
 
 void cFrame::rescale() {
-    const auto scaledSide = [this](int side) { return roundLimited(double{m_scaleFactor} * side); };
+    const auto scaledSide = [this](int side) { return roundClamped(double{m_scaleFactor} * side); };
     m_scaledRect = {scaledSide(m_frameRect.left), scaledSide(m_frameRect.top), scaledSide(m_frameRect.right),
                     scaledSide(m_frameRect.bottom)};
 }

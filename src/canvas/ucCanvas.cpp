@@ -31,7 +31,7 @@ void ucCanvas::move(const PointerInput& input) {
 
 void ucCanvas::Repaint() {
     paint();
-    showInView({0, 0, m_iCanvas.width, m_iCanvas.height});
+    showChange(m_iCanvas);
 }
 
 ucCanvas::ScrollInfo ucCanvas::GetScrollInfo() const {
@@ -39,18 +39,15 @@ ucCanvas::ScrollInfo ucCanvas::GetScrollInfo() const {
 }
 
 void ucCanvas::SetScrollInfo(std::int32_t lHPos, std::int32_t lVPos) {
-    m_horizontal.moveTo(lHPos);
-    m_vertical.moveTo(lVPos);
-    m_horizontal.publish();
-    m_vertical.publish();
+    scrollTo(lHPos, lVPos);
     Repaint();
 }
 
 Rect ucCanvas::GetVisibleRect() const {
     const std::int32_t left = m_horizontal.position() / m_zoom;
     const std::int32_t top = m_vertical.position() / m_zoom;
-    const auto end = [this](int length, std::int64_t start) { return limited(length / m_zoom + start); };
-    return {left, top, end(m_iCanvas.width, left), end(m_iCanvas.height, top)};
+    const auto end = [this](int length, std::int64_t start) { return clampInt(length / m_zoom + start); };
+    return {left, top, end(m_iCanvas.width(), left), end(m_iCanvas.height(), top)};
 }
 
 void ucCanvas::setBackColor(std::uint32_t value) {
@@ -66,16 +63,14 @@ void ucCanvas::setWorkMode(std::int32_t value) {
 }
 
 void ucCanvas::appearanceChanged() {
-    PaintBorders();
-    paint();
-    showAll();
+    paintAll();
 }
 
 std::string ucCanvas::accessibleValue() const {
     if (!hasPicture()) return {};
     const double percent = m_fitMode ? m_frame.ScaleFactor() * 100.0 : m_zoom * 100.0;
     return std::to_string(DIB.Width()) + " x " + std::to_string(DIB.Height()) + ", " +
-           std::to_string(roundLimited(percent)) + " %";
+           std::to_string(roundClamped(percent)) + " %";
 }
 
 void ucCanvas::hostChanged() {

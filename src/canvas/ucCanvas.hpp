@@ -10,9 +10,9 @@
 #include "canvas/cFrame.hpp"
 #include "canvas/ucCanvas_axis.hpp"
 #include "imaging/cDIB.hpp"
-#include "imaging/cDIB32.hpp"
 #include "platform/base/Event.hpp"
 #include "platform/control/Control.hpp"
+#include "platform/control/WheelTurns.hpp"
 #include "platform/drawing/PixelBuffer.hpp"
 #include "platform/drawing/SystemColors.hpp"
 #include "platform/screen/Desktop.hpp"
@@ -20,7 +20,7 @@
 namespace mobrel {
 
 /// Owns the surface it shows. The owner of the control changes the surface directly, and then calls Repaint,
-/// or Resize when its size is another. The picture stands in `iCanvas`, a place inside the control; one
+/// or Resize when its size has changed. The picture stands in `iCanvas`, a place inside the control; one
 /// picture pixel at zoom 1 is one device pixel.
 class ucCanvas : public Control {
  public:
@@ -130,21 +130,7 @@ class ucCanvas : public Control {
         double x;
         double y;
     };
-    struct Place {
-        int left = -1;
-        int top = -1;
-        int width = 0;
-        int height = 0;
-    };
-    /// What a brush works on and remembers; the surfaces are empty until one does.
-    struct BrushState {
-        cDIB32 work;
-        cDIB32 snapshot;
-        std::int32_t lastBrushX = -25;
-        std::int32_t lastBrushY = -25;
-        bool firstTime = false;
-    };
-    static constexpr Rect kNoRubberRect{-1, -1, -1, -1};
+    static constexpr Rect kNowhere{-1, -1, -1, -1};
 
     // Layout
     bool hasPicture() const { return DIB.hDIB() != nullptr; }
@@ -153,7 +139,7 @@ class ucCanvas : public Control {
     void placeFittedView();
     void showLayout();
     void fillMargin(Color color);
-    void PaintBorders();
+    void paintAll();
 
     // Mapping
     std::int32_t offsetX() const { return m_fitMode ? 0 : m_horizontal.position(); }
@@ -169,6 +155,7 @@ class ucCanvas : public Control {
     void paintPicture(DeviceContext& target);
     void paintFrame(DeviceContext& target);
     void showInView(const Rect& rect);
+    void scrollTo(std::int32_t x, std::int32_t y);
 
     // Gestures
     bool isHandOffered() const;
@@ -192,7 +179,7 @@ class ucCanvas : public Control {
     void zoomAbout(std::int32_t zoom, int x, int y);
 
     // Crop frame
-    bool hasRubberBand() const { return m_rubberRect != kNoRubberRect; }
+    bool hasRubberBand() const { return m_rubberRect != kNowhere; }
     void drawRubberBand(DeviceContext& target);
     void dragFrame(const ViewPlace& place);
     void eraseRubberBand();
@@ -202,7 +189,6 @@ class ucCanvas : public Control {
     void copyFrame();
     std::optional<PixelBuffer> framedPart() const;
 
-    BrushState m_brush;
     cFrame m_frame;
     std::int32_t m_zoom = 1;
     std::int32_t m_workMode = kScrollMode;
@@ -213,9 +199,9 @@ class ucCanvas : public Control {
     std::int32_t m_lastX = 0;
     std::int32_t m_lastY = 0;
     /// The dotted rectangle that is on the image now, in view pixels.
-    Rect m_rubberRect = kNoRubberRect;
+    Rect m_rubberRect = kNowhere;
 
-    Place m_iCanvas;
+    Rect m_iCanvas = kNowhere;
     Cursor m_mouseIcon = Cursor::Default;
     std::optional<Cursor> m_shownCursor;
     bool m_isPointerOverView = true;

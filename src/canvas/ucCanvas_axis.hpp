@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "canvas/cFrame_scale.hpp"
 #include "platform/base/Numbers.hpp"
 
 namespace mobrel {
@@ -28,7 +27,7 @@ class ScrollAxis {
     /// Fits an enlarged side of the picture into the container. The result is the length of the view; where
     /// that is the container's, the rest scrolls.
     int fit(int side, std::int32_t zoom, int container) {
-        const std::int32_t enlarged = limited(std::int64_t{side} * zoom);
+        const std::int32_t enlarged = clampInt(std::int64_t{side} * zoom);
         m_maximum = std::max(enlarged - container, 0);
         return std::min(enlarged, container);
     }
@@ -68,21 +67,6 @@ class ScrollAxis {
     /// As owners last heard of it, and as of the last layout.
     float m_publishedPosition = 0;
     float m_laidOutMaximum = 0;
-};
-
-/// Turns of a wheel, 120 a notch, of which touchpads send parts.
-class WheelTurns {
- public:
-    /// The whole steps that a turn brings; what is left counts with the next.
-    int take(int turn, int stepsPerNotch) {
-        constexpr int kNotch = 120;
-        const std::int64_t total = m_rest + std::int64_t{turn} * stepsPerNotch;
-        m_rest = total % kNotch;
-        return limited(total / kNotch);
-    }
-
- private:
-    std::int64_t m_rest = 0;
 };
 
 }  // namespace mobrel

@@ -45,7 +45,7 @@ void ucCanvas::eraseRubberBand() {
     if (!hasRubberBand()) return;
     if (auto target = viewTarget()) drawRubberBand(*target);
     showInView(m_rubberRect);
-    m_rubberRect = kNoRubberRect;
+    m_rubberRect = kNowhere;
 }
 
 void ucCanvas::finishFrame() {

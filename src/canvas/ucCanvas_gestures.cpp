@@ -17,7 +17,7 @@ void ucCanvas::catchPointer(std::int16_t button) {
     m_buttonsDown |= button;
     m_isPointerOverView = true;
     showCursor();
-    if (host() != nullptr) host()->captureMouse();
+    captureMouse();
 }
 
 void ucCanvas::pointerMoved(const PointerInput& input) {
@@ -35,7 +35,7 @@ void ucCanvas::pointerReleased(const PointerInput& input) {
     if (isForView && (m_isEnabled || m_mouseIsDown)) release(input);
 }
 
-/// The second press of a double click comes as this. One of another button than the left is a press like
+/// What the second press of a double click is told as. With another button than the left it is a press like
 /// any other. The margin passes a double click over.
 void ucCanvas::pointerDoubleClicked(const PointerInput& input) {
     if (input.button != MouseButton::kLeft) return pointerPressed(input);
@@ -73,8 +73,8 @@ void ucCanvas::movePicture(const ViewPlace& place) {
 
 /// kept: in FitMode too, where nothing of it shows.
 void ucCanvas::dragByHand(const ViewPlace& place) {
-    m_horizontal.moveTo(roundLimited(m_lastX - place.x + m_horizontal.position()));
-    m_vertical.moveTo(roundLimited(m_lastY - place.y + m_vertical.position()));
+    m_horizontal.moveTo(roundClamped(m_lastX - place.x + m_horizontal.position()));
+    m_vertical.moveTo(roundClamped(m_lastY - place.y + m_vertical.position()));
     const Point view = rounded(place);
     m_lastX = view.x;
     m_lastY = view.y;
@@ -88,7 +88,6 @@ void ucCanvas::dragByHand(const ViewPlace& place) {
 
 void ucCanvas::release(const PointerInput& input) {
     const ViewPlace place = placeInView(input);
-    if (const DeviceContext* snapshot = m_brush.snapshot.hDIBDC()) DIB.LoadBlt(*snapshot);
     if (isHandOffered()) setMouseIcon(Cursor::HandOver);
     eraseRubberBand();
     if (m_mouseIsDown && m_workMode == kCropMode) finishFrame();
@@ -103,8 +102,7 @@ void ucCanvas::raiseMouse(const MouseEvent& event, std::int16_t button, std::int
 }
 
 bool ucCanvas::isOverView(const PointerInput& input) const {
-    const ViewPlace place = placeInView(input);
-    return place.x >= 0 && place.x < m_iCanvas.width && place.y >= 0 && place.y < m_iCanvas.height;
+    return m_iCanvas.contains(input.x, input.y);
 }
 
 ucCanvas::ViewPlace ucCanvas::placeInView(const PointerInput& input) const {
@@ -151,25 +149,19 @@ void ucCanvas::scrollByWheel(const WheelInput& input) {
     const int left = input.horizontal + (isSideways ? input.vertical : 0);
     const int up = isSideways ? 0 : input.vertical;
     const ScrollInfo before = GetScrollInfo();
-    const auto lessBy = [](std::int32_t position, int steps) {
-        return limited(std::int64_t{position} - steps);
-    };
-    m_horizontal.moveTo(lessBy(before.lHPos, m_horizontalTurns.take(left, perNotch)));
-    m_vertical.moveTo(lessBy(before.lVPos, m_verticalTurns.take(up, perNotch)));
+    scrollTo(clampInt(before.lHPos - m_horizontalTurns.take(left, perNotch)),
+             clampInt(before.lVPos - m_verticalTurns.take(up, perNotch)));
     if (GetScrollInfo() == before) return;
-    m_horizontal.publish();
-    m_vertical.publish();
     Repaint();
     Scroll.raise();
 }
 
 void ucCanvas::zoomByWheel(const WheelInput& input) {
-    const int levels = m_zoomTurns.take(input.vertical, 1);
-    const auto zoom = limited(std::int64_t{m_zoom} + levels);
+    const std::int32_t zoom = clampInt(m_zoom + m_zoomTurns.take(input.vertical));
     const std::int32_t allowed = std::clamp(zoom, 1, std::max(m_largestWheelZoom, m_zoom));
     if (allowed == m_zoom) return;
-    zoomAbout(allowed, std::clamp(roundLimited(input.x), 0, width()),
-              std::clamp(roundLimited(input.y), 0, height()));
+    zoomAbout(allowed, std::clamp(roundClamped(input.x), 0, width()),
+              std::clamp(roundClamped(input.y), 0, height()));
 }
 
 /// Lays out at another zoom, with the picture pixel at a place of the control where it was. Rounding down
@@ -180,12 +172,8 @@ void ucCanvas::zoomAbout(std::int32_t zoom, int x, int y) {
     const std::int32_t earlierZoom = m_zoom;
     m_zoom = zoom;
     placeView();
-    m_horizontal.keepPlace();
-    m_vertical.keepPlace();
-    m_horizontal.moveTo(limited(enlargedX * zoom / earlierZoom - (x - m_iCanvas.left)));
-    m_vertical.moveTo(limited(enlargedY * zoom / earlierZoom - (y - m_iCanvas.top)));
-    m_horizontal.publish();
-    m_vertical.publish();
+    scrollTo(clampInt(enlargedX * zoom / earlierZoom - (x - m_iCanvas.left)),
+             clampInt(enlargedY * zoom / earlierZoom - (y - m_iCanvas.top)));
     showLayout();
     refreshMouseIcon();
     ZoomChanged.raise();

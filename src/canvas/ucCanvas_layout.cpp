@@ -7,15 +7,10 @@ namespace mobrel {
 void ucCanvas::Resize() {
     if (hasPicture()) {
         placeView();
-        m_horizontal.keepPlace();
-        m_vertical.keepPlace();
-        showLayout();
     } else {
-        m_iCanvas = {};
-        PaintBorders();
-        showAll();
-        if (host() != nullptr) host()->accessibleChanged();
+        m_iCanvas = kNowhere;
     }
+    showLayout();
     refreshMouseIcon();
 }
 
@@ -25,56 +20,51 @@ void ucCanvas::placeView() {
     } else {
         placeScrolledView();
     }
+    m_horizontal.keepPlace();
+    m_vertical.keepPlace();
 }
 
 /// A picture smaller than the control stands centred.
 void ucCanvas::placeScrolledView() {
     const int viewWidth = m_horizontal.fit(DIB.Width(), m_zoom, width());
     const int viewHeight = m_vertical.fit(DIB.Height(), m_zoom, height());
-    m_iCanvas = {(width() - viewWidth) / 2, (height() - viewHeight) / 2, viewWidth, viewHeight};
+    m_iCanvas = moved({0, 0, viewWidth, viewHeight}, (width() - viewWidth) / 2, (height() - viewHeight) / 2);
     m_frame.setScaleFactor(static_cast<float>(m_zoom));
 }
 
 /// kept: the scroll maxima stay, and so the places for the way back.
 void ucCanvas::placeFittedView() {
     const BestFitInfo fit = DIB.GetBestFitInfo(width(), height());
-    m_iCanvas = {fit.bfx, fit.bfy, fit.bfW, fit.bfH};
+    m_iCanvas = moved({0, 0, fit.bfW, fit.bfH}, fit.bfx, fit.bfy);
     const bool isWide = fit.bfW > fit.bfH;
     m_frame.setScaleFactor(static_cast<float>(isWide ? static_cast<double>(fit.bfW) / DIB.Width()
                                                      : static_cast<double>(fit.bfH) / DIB.Height()));
 }
 
 void ucCanvas::showLayout() {
-    PaintBorders();
-    paint();
-    showAll();
-    if (host() != nullptr) host()->accessibleChanged();
-    Resized.raise();
+    paintAll();
+    tellAccessible();
+    if (hasPicture()) Resized.raise();
 }
 
-void ucCanvas::PaintBorders() {
+void ucCanvas::paintAll() {
     fillMargin(GetSysColor(SystemColor::ApplicationWorkspace));
+    paint();
+    showAll();
 }
 
 void ucCanvas::fillMargin(Color color) {
-    auto target = image();
-    if (!target) return;
-    const auto [left, top, viewWidth, viewHeight] = m_iCanvas;
-    const int bottom = top + viewHeight;
-    target->FillRect({0, 0, width(), top}, color);
-    target->FillRect({0, top, left, bottom}, color);
-    target->FillRect({left + viewWidth, top, width(), bottom}, color);
-    target->FillRect({0, bottom, width(), height()}, color);
+    if (auto target = image()) target->fillAround(m_iCanvas, color);
 }
 
 ucCanvas::Point ucCanvas::rounded(const ViewPlace& place) {
-    return {roundLimited(place.x), roundLimited(place.y)};
+    return {roundClamped(place.x), roundClamped(place.y)};
 }
 
 ucCanvas::Point ucCanvas::toImage(const Point& view) const {
     const double scale = m_frame.ScaleFactor();
     const auto toPixel = [scale](std::int64_t place) {
-        return limited(std::floor(static_cast<double>(place) / scale));
+        return clampInt(std::floor(static_cast<double>(place) / scale));
     };
     return {toPixel(std::int64_t{view.x} + offsetX()), toPixel(std::int64_t{view.y} + offsetY())};
 }
@@ -86,8 +76,7 @@ Rect ucCanvas::FrameToView(const Rect& scaledFrame) const {
 std::optional<DeviceContext> ucCanvas::viewTarget() {
     auto whole = image();
     if (!whole) return std::nullopt;
-    const auto [left, top, viewWidth, viewHeight] = m_iCanvas;
-    return whole->part({left, top, left + viewWidth, top + viewHeight});
+    return whole->part(m_iCanvas);
 }
 
 PaintSpan ucCanvas::paintSpan(const ScrollAxis& axis, int view, int side) const {
@@ -96,8 +85,8 @@ PaintSpan ucCanvas::paintSpan(const ScrollAxis& axis, int view, int side) const 
 }
 
 void ucCanvas::paintPicture(DeviceContext& target) {
-    const PaintSpan columns = paintSpan(m_horizontal, m_iCanvas.width, DIB.Width());
-    const PaintSpan rows = paintSpan(m_vertical, m_iCanvas.height, DIB.Height());
+    const PaintSpan columns = paintSpan(m_horizontal, m_iCanvas.width(), DIB.Width());
+    const PaintSpan rows = paintSpan(m_vertical, m_iCanvas.height(), DIB.Height());
     DIB.Stretch(target, columns.destination, rows.destination, columns.destinationSize, rows.destinationSize,
                 columns.source, rows.source, columns.sourceSize, rows.sourceSize, StretchMode::ColorOnColor);
     if (hasRubberBand()) {
@@ -109,6 +98,13 @@ void ucCanvas::paintPicture(DeviceContext& target) {
 
 void ucCanvas::paintFrame(DeviceContext& target) {
     m_frame.PaintToDC(target, -offsetX(), -offsetY());
+}
+
+void ucCanvas::scrollTo(std::int32_t x, std::int32_t y) {
+    m_horizontal.moveTo(x);
+    m_vertical.moveTo(y);
+    m_horizontal.publish();
+    m_vertical.publish();
 }
 
 void ucCanvas::showInView(const Rect& rect) {

@@ -2,6 +2,7 @@
 // The number rules of the engine: every conversion and division of a recipe goes through these names.
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -19,6 +20,23 @@ inline std::int32_t roundInt(double value) {
         throw RuntimeError(ErrorNumber::Overflow);
     }
     return static_cast<std::int32_t>(rounded);
+}
+
+/// The number, or the nearest one that fits 32 bits.
+constexpr std::int32_t clampInt(std::int64_t value) {
+    using Limits = std::numeric_limits<std::int32_t>;
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(value, Limits::min(), Limits::max()));
+}
+/// The same of a whole number; a value that is no number gives the least one.
+constexpr std::int32_t clampInt(double value) {
+    using Limits = std::numeric_limits<std::int32_t>;
+    if (!(value > Limits::min())) return Limits::min();
+    return value < Limits::max() ? static_cast<std::int32_t>(value) : Limits::max();
+}
+
+/// roundInt that stops at the ends of 32 bits.
+inline std::int32_t roundClamped(double value) {
+    return clampInt(std::nearbyint(value));
 }
 
 /// 32-bit sum, difference and product without an overflow test: they wrap.

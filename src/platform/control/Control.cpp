@@ -21,7 +21,7 @@ void Control::setSize(int width, int height, double scale) {
         auto pixels = PixelBuffer::create(m_width, m_height);
         m_pixels = pixels ? *std::move(pixels) : PixelBuffer();
     }
-    sizeChanged();
+    if (!m_isAskingForSize) sizeChanged();
 }
 
 std::optional<DeviceContext> Control::image() {
@@ -30,10 +30,23 @@ std::optional<DeviceContext> Control::image() {
 }
 
 void Control::showChange(const Rect& rect) {
-    const Rect inside{std::max(rect.left, 0), std::max(rect.top, 0), std::min(rect.right, m_width),
-                      std::min(rect.bottom, m_height)};
-    const bool isEmpty = inside.left >= inside.right || inside.top >= inside.bottom;
-    if (m_host != nullptr && !isEmpty) m_host->show(inside);
+    const Rect inside = intersection(rect, bounds());
+    if (m_host != nullptr && !inside.isEmpty()) m_host->show(inside);
+}
+
+void Control::requestSize(int width, int height) {
+    if (m_host == nullptr || (width == m_width && height == m_height)) return;
+    m_isAskingForSize = true;
+    m_host->requestSize(width, height);
+    m_isAskingForSize = false;
+}
+
+void Control::captureMouse() {
+    if (m_host != nullptr) m_host->captureMouse();
+}
+
+void Control::tellAccessible() {
+    if (m_host != nullptr) m_host->accessibleChanged();
 }
 
 int Control::scaled(double designPixels) const {

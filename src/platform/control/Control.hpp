@@ -41,6 +41,7 @@ class Control {
     int width() const noexcept { return m_width; }
     int height() const noexcept { return m_height; }
     double scale() const noexcept { return m_scale; }
+    Rect bounds() const noexcept { return {0, 0, m_width, m_height}; }
 
     /// What it looks like now; nothing while it has no image.
     std::optional<DeviceContext> image();
@@ -57,7 +58,7 @@ class Control {
     /// A character, as UTF-32.
     virtual void keyTyped(char32_t /*character*/) {}
     virtual void focusChanged(bool /*hasFocus*/) {}
-    /// System colours or fonts are others now.
+    /// System colours or fonts have changed.
     virtual void appearanceChanged() {}
 
     virtual AccessibleRole accessibleRole() const = 0;
@@ -74,13 +75,21 @@ class Control {
     /// Expires with the control, which a handler of its events may destroy.
     std::weak_ptr<const bool> life() const noexcept { return m_life; }
 
-    /// Called after a host has been set or taken away, and after a size or scale has been set.
+    /// Called after a host has been set or taken away.
     virtual void hostChanged() {}
+    /// Called after a size or scale has been set, but for a size that the control asks for.
     virtual void sizeChanged() {}
+
+    /// Asks the host for an outer size, unless it is the present one.
+    void requestSize(int width, int height);
+    /// Sends all pointer input here until the buttons are up.
+    void captureMouse();
+    /// Tells assistive programs that value, selection or content have changed.
+    void tellAccessible();
 
     /// Brings a rectangle, cut to the image, to the screen.
     void showChange(const Rect& rect);
-    void showAll() { showChange({0, 0, m_width, m_height}); }
+    void showAll() { showChange(bounds()); }
 
     /// Design pixels as device pixels.
     int scaled(double designPixels) const;
@@ -92,6 +101,7 @@ class Control {
     int m_width = 0;
     int m_height = 0;
     double m_scale = 1;
+    bool m_isAskingForSize = false;
     PixelBuffer m_pixels;
     std::shared_ptr<const bool> m_life = std::make_shared<const bool>(true);
 };

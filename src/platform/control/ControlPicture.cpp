@@ -1,24 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/control/ControlPicture.hpp"
 
-#include <algorithm>
 #include <cstring>
 #include <utility>
 
+#include "platform/drawing/AxisMap.hpp"
+#include "platform/drawing/ContextPixels.hpp"
+
 namespace mobrel {
-
-namespace {
-
-/// Destination pixel d of `size` takes this one of `sourceSize`.
-int sourceOf(int d, int size, int sourceSize) {
-    return static_cast<int>(((2 * std::int64_t{d} + 1) * sourceSize - 1) / (2 * std::int64_t{size}));
-}
-
-Color colorOf(const std::uint8_t* pixel) {
-    return pixel[2] | Color{pixel[1]} << 8 | Color{pixel[0]} << 16;
-}
-
-}  // namespace
 
 std::shared_ptr<const ControlPicture> copyAsControlPicture(const PictureView& view,
                                                            std::optional<Color> transparent) {
@@ -31,16 +20,20 @@ std::shared_ptr<const ControlPicture> copyAsControlPicture(const PictureView& vi
 }
 
 void drawControlPicture(DeviceContext& target, const Rect& place, const ControlPicture& picture) {
-    const int width = place.right - place.left;
-    const int height = place.bottom - place.top;
     const PixelBuffer& source = picture.pixels;
-    if (source.empty()) return;
-    for (int y = std::max(place.top, 0); y < std::min(place.bottom, target.height()); ++y) {
-        const std::uint8_t* from = source.row(sourceOf(y - place.top, height, source.height()));
-        std::uint8_t* to = target.line(y);
-        for (int x = std::max(place.left, 0); x < std::min(place.right, target.width()); ++x) {
-            const std::uint8_t* pixel = from + 4 * sourceOf(x - place.left, width, source.width());
-            if (colorOf(pixel) != picture.transparent) std::memcpy(to + 4 * x, pixel, 4);
+    if (source.empty() || place.isEmpty()) return;
+    const AxisMap columns =
+        mapAxis({place.left, place.width(), target.width()}, {0, source.width(), source.width()});
+    const AxisMap rows =
+        mapAxis({place.top, place.height(), target.height()}, {0, source.height(), source.height()});
+    int y = rows.first;
+    for (const int row : rows.sources) {
+        const std::uint8_t* from = source.row(row);
+        std::uint8_t* to = pixelAt(target.line(y++), columns.first);
+        for (const int column : columns.sources) {
+            const std::uint32_t pixel = readPixel(pixelAt(from, column));
+            if (colorOf(pixel) != picture.transparent) writePixel(to, pixel);
+            to += kPixelBytes;
         }
     }
 }

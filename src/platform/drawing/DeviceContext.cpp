@@ -112,10 +112,9 @@ void reverseLine(std::uint8_t* line, int width) {
     const auto done = static_cast<int>(kernels::mirrorPixels(line, static_cast<std::size_t>(width)));
     std::uint8_t* right = pixelAt(line, width - 1 - done);
     for (std::uint8_t* left = pixelAt(line, done); left < right; left += kPixelBytes, right -= kPixelBytes) {
-        std::uint8_t kept[kPixelBytes];
-        std::memcpy(kept, left, kPixelBytes);
-        std::memcpy(left, right, kPixelBytes);
-        std::memcpy(right, kept, kPixelBytes);
+        const std::uint32_t kept = readPixel(left);
+        writePixel(left, readPixel(right));
+        writePixel(right, kept);
     }
 }
 
@@ -178,10 +177,9 @@ void DeviceContext::StretchBlt(int x, int y, int width, int height, const Device
 }
 
 DeviceContext DeviceContext::part(const Rect& rect) noexcept {
-    const Rect inside = cutTo(*this, rect);
-    if (isEmpty(inside)) return {m_topLine, 0, 0, m_stride};
-    return {pixelAt(line(inside.top), inside.left), inside.right - inside.left, inside.bottom - inside.top,
-            m_stride};
+    const Rect inside = intersection(rect, bounds());
+    if (inside.isEmpty()) return {m_topLine, 0, 0, m_stride};
+    return {pixelAt(line(inside.top), inside.left), inside.width(), inside.height(), m_stride};
 }
 
 bool DeviceContext::isSameSurface(const DeviceContext& other) const noexcept {

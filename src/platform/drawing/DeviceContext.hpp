@@ -6,20 +6,12 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "platform/drawing/Rect.hpp"
+
 namespace mobrel {
 
 /// A platform colour value, 0x00BBGGRR: red is the low byte.
 using Color = std::uint32_t;
-
-/// Right and bottom are exclusive.
-struct Rect {
-    int left = 0;
-    int top = 0;
-    int right = 0;
-    int bottom = 0;
-
-    bool operator==(const Rect&) const = default;
-};
 
 /// Which picture line stands first in memory.
 enum class RowOrder { TopDown, BottomUp };
@@ -79,6 +71,7 @@ class DeviceContext final : public StretchTarget {
 
     int width() const noexcept { return m_width; }
     int height() const noexcept { return m_height; }
+    Rect bounds() const noexcept { return {0, 0, m_width, m_height}; }
 
     /// Picture line y, counted from the top, 0 to height - 1.
     std::uint8_t* line(int y) noexcept { return m_topLine + y * m_stride; }
@@ -106,6 +99,9 @@ class DeviceContext final : public StretchTarget {
     /// Fills the rectangle, clipped, with a colour; byte 3 of each pixel becomes 0. An empty or
     /// inverted rectangle fills nothing.
     void FillRect(const Rect& rect, Color color);
+
+    /// Fills all that lies outside the rectangle.
+    void fillAround(const Rect& rect, Color color);
 
     /// Draws the outline of the rectangle, one pixel thick and inside it. An empty or inverted
     /// rectangle draws nothing.

@@ -11,53 +11,30 @@ namespace mobrel {
 
 namespace {
 
-std::size_t bytesOfLine(const Rect& rect) {
-    return static_cast<std::size_t>(rect.right - rect.left) * kPixelBytes;
-}
-
-/// Calls fillSide for each of the four sides, one pixel wide.
-template <typename FillSide>
-void forEachSide(const Rect& rect, FillSide&& fillSide) {
-    const auto [left, top, right, bottom] = rect;
-    if (isEmpty(rect)) return;
-    fillSide(Rect{left, top, right, top + 1});
-    fillSide(Rect{left, bottom - 1, right, bottom});
-    fillSide(Rect{left, top, left + 1, bottom});
-    fillSide(Rect{right - 1, top, right, bottom});
-}
-
 /// Writes the first line of a rectangle that lies on the target, and copies it to the others.
 template <typename PixelAtColumn>
 void fillAlikeLines(DeviceContext& target, const Rect& rect, PixelAtColumn&& pixelAtColumn) {
-    if (isEmpty(rect)) return;
+    if (rect.isEmpty()) return;
     std::uint8_t* const first = target.line(rect.top);
     for (int x = rect.left; x < rect.right; ++x) writePixel(pixelAt(first, x), pixelAtColumn(x));
+    const std::size_t bytes = static_cast<std::size_t>(rect.width()) * kPixelBytes;
     for (int y = rect.top + 1; y < rect.bottom; ++y) {
-        std::memcpy(pixelAt(target.line(y), rect.left), pixelAt(first, rect.left), bytesOfLine(rect));
+        std::memcpy(pixelAt(target.line(y), rect.left), pixelAt(first, rect.left), bytes);
     }
 }
 
 void fillPattern(DeviceContext& target, const Rect& rect, const PatternBrush& brush, Color text,
                  Color background) {
-    const Rect inside = cutTo(target, rect);
-    for (int y = inside.top; y < inside.bottom; ++y) {
-        const std::uint8_t row = brush.rows[static_cast<std::size_t>(y % 8)];
-        for (int x = inside.left; x < inside.right; ++x) {
-            const bool isSet = (row & 0x80 >> x % 8) != 0;
-            writePixel(pixelAt(target.line(y), x), pixelOf(isSet ? background : text));
-        }
-    }
+    forEachPixel(target, rect, [&](std::uint8_t* pixel, int x, int y) {
+        const bool isSet = (brush.rows[static_cast<std::size_t>(y % 8)] & 0x80 >> x % 8) != 0;
+        writePixel(pixel, pixelOf(isSet ? background : text));
+    });
 }
 
 template <typename Combine>
 void combinePixels(DeviceContext& target, const Rect& rect, Combine&& combine) {
-    const Rect inside = cutTo(target, rect);
-    for (int y = inside.top; y < inside.bottom; ++y) {
-        std::uint8_t* const line = target.line(y);
-        for (int x = inside.left; x < inside.right; ++x) {
-            writePixel(pixelAt(line, x), combine(readPixel(pixelAt(line, x))));
-        }
-    }
+    forEachPixel(target, rect,
+                 [&](std::uint8_t* pixel, int, int) { writePixel(pixel, combine(readPixel(pixel))); });
 }
 
 /// The pixel of step i of n between two pixels.
@@ -182,21 +159,27 @@ void fillRounded(DeviceContext& target, const Rect& rect, int cornerWidth, int c
 
 std::int32_t DeviceContext::GetPixel(int x, int y) const noexcept {
     if (x < 0 || y < 0 || x >= m_width || y >= m_height) return -1;
-    const std::uint8_t* const pixel = line(y) + std::ptrdiff_t{x} * 4;
-    return pixel[2] | pixel[1] << 8 | pixel[0] << 16;
+    return static_cast<std::int32_t>(colorOf(readPixel(pixelAt(line(y), x))));
 }
 
 void DeviceContext::FillRect(const Rect& rect, Color color) {
     const std::uint32_t pixel = pixelOf(color);
-    fillAlikeLines(*this, cutTo(*this, rect), [pixel](int) { return pixel; });
+    fillAlikeLines(*this, intersection(rect, bounds()), [pixel](int) { return pixel; });
+}
+
+void DeviceContext::fillAround(const Rect& rect, Color color) {
+    FillRect({0, 0, m_width, rect.top}, color);
+    FillRect({0, rect.top, rect.left, rect.bottom}, color);
+    FillRect({rect.right, rect.top, m_width, rect.bottom}, color);
+    FillRect({0, rect.bottom, m_width, m_height}, color);
 }
 
 void DeviceContext::FrameRect(const Rect& rect, Color color) {
-    forEachSide(rect, [&](const Rect& side) { FillRect(side, color); });
+    for (const Rect& side : sidesOf(rect, 1)) FillRect(side, color);
 }
 
 void DeviceContext::FrameRect(const Rect& rect, const PatternBrush& brush, Color text, Color background) {
-    forEachSide(rect, [&](const Rect& side) { fillPattern(*this, side, brush, text, background); });
+    for (const Rect& side : sidesOf(rect, 1)) fillPattern(*this, side, brush, text, background);
 }
 
 void DeviceContext::PatBlt(const Rect& rect, Color color, PatternOperation operation) {
@@ -212,7 +195,7 @@ void DeviceContext::PatBlt(const Rect& rect, Color color, PatternOperation opera
 }
 
 void DeviceContext::GradientFill(const Rect& rect, Color from, Color to, GradientDirection direction) {
-    const Rect inside = cutTo(*this, rect);
+    const Rect inside = intersection(rect, bounds());
     const std::int64_t width = std::int64_t{rect.right} - rect.left;
     const std::int64_t height = std::int64_t{rect.bottom} - rect.top;
     if (direction == GradientDirection::Horizontal) {

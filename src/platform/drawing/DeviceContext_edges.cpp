@@ -39,27 +39,14 @@ std::optional<RingColors> innerRing(Edge edge) {
     return std::nullopt;
 }
 
-/// A side of a rectangle, no thicker than the rectangle.
-Rect leftSide(const Rect& rect, int thickness) {
-    return {rect.left, rect.top, forwards(rect.left, thickness, rect.right), rect.bottom};
-}
-Rect topSide(const Rect& rect, int thickness) {
-    return {rect.left, rect.top, rect.right, forwards(rect.top, thickness, rect.bottom)};
-}
-Rect rightSide(const Rect& rect, int thickness) {
-    return {backwards(rect.right, thickness, rect.left), rect.top, rect.right, rect.bottom};
-}
-Rect bottomSide(const Rect& rect, int thickness) {
-    return {rect.left, backwards(rect.bottom, thickness, rect.top), rect.right, rect.bottom};
-}
-
 void drawRing(DeviceContext& target, const Rect& rect, const RingColors& colors, int thickness) {
     const Color leftTop = GetSysColor(colors.leftTop);
     const Color rightBottom = GetSysColor(colors.rightBottom);
-    target.FillRect(leftSide(rect, thickness), leftTop);
-    target.FillRect(topSide(rect, thickness), leftTop);
-    target.FillRect(rightSide(rect, thickness), rightBottom);
-    target.FillRect(bottomSide(rect, thickness), rightBottom);
+    const auto [left, top, right, bottom] = sidesOf(rect, thickness);
+    target.FillRect(left, leftTop);
+    target.FillRect(top, leftTop);
+    target.FillRect(right, rightBottom);
+    target.FillRect(bottom, rightBottom);
 }
 
 /// Squares along one side of an outline, told from the corner where the side begins.
@@ -84,13 +71,9 @@ class DotRow {
 /// Inverts the pixels of a rectangle of which isInverted(x, y) says so.
 template <typename IsInverted>
 void invertPixels(DeviceContext& target, const Rect& rect, IsInverted&& isInverted) {
-    const Rect inside = cutTo(target, rect);
-    for (int y = inside.top; y < inside.bottom; ++y) {
-        for (int x = inside.left; x < inside.right; ++x) {
-            std::uint8_t* const pixel = pixelAt(target.line(y), x);
-            if (isInverted(x, y)) writePixel(pixel, readPixel(pixel) ^ 0x00FFFFFF);
-        }
-    }
+    forEachPixel(target, rect, [&](std::uint8_t* pixel, int x, int y) {
+        if (isInverted(x, y)) writePixel(pixel, readPixel(pixel) ^ 0x00FFFFFF);
+    });
 }
 
 /// How many dots a side has that ends before the next corner.
@@ -105,7 +88,7 @@ void DeviceContext::DrawEdge(const Rect& rect, Edge edge, int thickness) {
     thickness = std::max(thickness, 1);
     Rect left = rect;
     for (const auto& ring : {outerRing(edge), innerRing(edge)}) {
-        if (!ring || isEmpty(left)) continue;
+        if (!ring || left.isEmpty()) continue;
         drawRing(*this, left, *ring, thickness);
         left = shrunk(left, thickness);
     }
@@ -115,8 +98,8 @@ void DeviceContext::DrawFocusRect(const Rect& rect, int thickness) {
     thickness = std::max(thickness, 1);
     const auto [left, right] = std::minmax(rect.left, rect.right);
     const auto [top, bottom] = std::minmax(rect.top, rect.bottom);
-    if (left == right || top == bottom) return;
     const Rect ordered{left, top, right, bottom};
+    if (ordered.isEmpty()) return;
     const std::int64_t across = dotsOf(left, right, thickness);
     const std::int64_t down = dotsOf(top, bottom, thickness);
     const Rect inner = shrunk(ordered, thickness);
@@ -125,18 +108,15 @@ void DeviceContext::DrawFocusRect(const Rect& rect, int thickness) {
     const DotRow onLeft(top, 1, thickness, across);
     const DotRow onBottom(left, 1, thickness, across + down);
     const DotRow onRight(bottom - 1, -1, thickness, 2 * across + down);
-    Rect side = topSide(ordered, thickness);
-    side.left = inner.left;
-    invertPixels(*this, side, [&](int x, int) { return onTop.isInverted(x); });
-    side = leftSide(ordered, thickness);
-    side.bottom = inner.bottom;
-    invertPixels(*this, side, [&](int, int y) { return onLeft.isInverted(y); });
-    side = bottomSide(ordered, thickness);
-    side.right = inner.right;
-    invertPixels(*this, side, [&](int x, int) { return onBottom.isInverted(x); });
-    side = rightSide(ordered, thickness);
-    side.top = inner.top;
-    invertPixels(*this, side, [&](int, int y) { return onRight.isInverted(y); });
+    auto [leftSide, topSide, rightSide, bottomSide] = sidesOf(ordered, thickness);
+    topSide.left = inner.left;
+    leftSide.bottom = inner.bottom;
+    bottomSide.right = inner.right;
+    rightSide.top = inner.top;
+    invertPixels(*this, topSide, [&](int x, int) { return onTop.isInverted(x); });
+    invertPixels(*this, leftSide, [&](int, int y) { return onLeft.isInverted(y); });
+    invertPixels(*this, bottomSide, [&](int x, int) { return onBottom.isInverted(x); });
+    invertPixels(*this, rightSide, [&](int, int y) { return onRight.isInverted(y); });
 }
 
 void DeviceContext::DrawSizeGrip(const Rect& rect, int thickness) {
@@ -148,17 +128,13 @@ void DeviceContext::DrawSizeGrip(const Rect& rect, int thickness) {
     const int reach = (kCorner + kBands * kPeriod) * thickness;
     const Rect corner{backwards(rect.right, reach, rect.left), backwards(rect.bottom, reach, rect.top),
                       rect.right, rect.bottom};
-    const Rect inside = cutTo(*this, corner);
     const std::uint32_t shadow = pixelOf(GetSysColor(SystemColor::ButtonShadow));
     const std::uint32_t highlight = pixelOf(GetSysColor(SystemColor::ButtonHighlight));
-    for (int y = inside.top; y < inside.bottom; ++y) {
-        for (int x = inside.left; x < inside.right; ++x) {
-            const int diagonal =
-                (rect.right - 1 - x) / thickness + (rect.bottom - 1 - y) / thickness - kCorner;
-            if (diagonal < 0 || diagonal >= kBands * kPeriod || diagonal % kPeriod == 3) continue;
-            writePixel(pixelAt(line(y), x), diagonal % kPeriod == 2 ? highlight : shadow);
-        }
-    }
+    forEachPixel(*this, corner, [&](std::uint8_t* pixel, int x, int y) {
+        const int diagonal = (rect.right - 1 - x) / thickness + (rect.bottom - 1 - y) / thickness - kCorner;
+        if (diagonal < 0 || diagonal >= kBands * kPeriod || diagonal % kPeriod == 3) return;
+        writePixel(pixel, diagonal % kPeriod == 2 ? highlight : shadow);
+    });
 }
 
 }  // namespace mobrel
