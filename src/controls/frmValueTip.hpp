@@ -21,13 +21,12 @@ class frmValueTip : public Control {
 
  private:
     void hostChanged() override { fitToText(); }
-    void sizeChanged() override;
+    void sizeChanged() override { fitToText(); }
 
     void fitToText();
     void paint();
 
     std::string m_text;
-    bool m_isAskingForSize = false;
 };
 
 }  // namespace mobrel

@@ -31,7 +31,7 @@ void ucCoolList::setProperties(ucCoolListProperties value) {
     m_properties = std::move(value);
     if (!m_properties.Enabled) m_isMouseDown = false;
     showCursor();
-    change([this] { layout(); });
+    relayout();
 }
 
 void ucCoolList::setDesignName(std::string name) {
@@ -46,9 +46,10 @@ void ucCoolList::setEnabled(bool value) {
     closeEdit();
 }
 
-const ucCoolList::Item& ucCoolList::itemAt(int index) const {
+/// Of an item in m_items.
+std::size_t ucCoolList::placeOf(int index) const {
     if (!isItem(index)) throw RuntimeError(ErrorNumber::InvalidPropertyIndex);
-    return m_items[static_cast<std::size_t>(index)];
+    return static_cast<std::size_t>(index);
 }
 
 /// A place where an item stands or may be put.
@@ -58,16 +59,11 @@ void ucCoolList::checkPlace(int index) const {
     }
 }
 
-void ucCoolList::tellAccessible() {
-    if (host() != nullptr) host()->accessibleChanged();
-}
-
 void ucCoolList::AddItem(std::string_view Text, std::int16_t Icon, std::int16_t IconSelected) {
     change([&] {
         const int added = ListCount();
         m_items.back() = {std::string(Text), Icon, IconSelected};
         m_items.emplace_back();
-        m_selected.push_back(false);
         if (m_topIndex < 0) m_topIndex = 0;
         layoutScrollBar();
         drawRow(added);
@@ -79,7 +75,6 @@ void ucCoolList::InsertItem(int Index, std::string_view Text, std::int16_t Icon,
     checkPlace(Index);
     change([&] {
         m_items.insert(m_items.begin() + Index, Item{std::string(Text), Icon, IconSelected});
-        m_selected.insert(m_selected.begin() + Index, false);
         layoutScrollBar();
         if (m_listIndex >= Index) {
             m_scrollsIntoView = false;
@@ -103,10 +98,9 @@ void ucCoolList::ModifyItem(int Index, std::optional<std::string_view> Text, std
 }
 
 void ucCoolList::RemoveItem(int Index) {
-    if (!isItem(Index)) throw RuntimeError(ErrorNumber::InvalidPropertyIndex);
+    placeOf(Index);
     change([&] {
         m_items.erase(m_items.begin() + Index);
-        m_selected.erase(m_selected.begin() + Index);
         if (m_listIndex == Index) {
             moveTo(-1);
         } else if (m_listIndex > Index) {
@@ -123,7 +117,6 @@ void ucCoolList::Clear() {
     change([&] {
         closeEdit();
         m_items.assign(1, {});
-        m_selected.assign(1, false);
         m_listIndex = -1;
         layoutScrollBar();
         m_topIndex = -1;
@@ -144,8 +137,8 @@ void ucCoolList::moveTo(int index) {
     const int previous = std::exchange(m_listIndex, index);
     if (index < 0) m_lastMouseY = -1;
     if (!isMultiple()) {
-        if (isItem(previous)) m_selected[static_cast<std::size_t>(previous)] = false;
-        if (isItem(index)) m_selected[static_cast<std::size_t>(index)] = true;
+        if (isItem(previous)) itemAt(previous).isSelected = false;
+        if (isItem(index)) itemAt(index).isSelected = true;
     }
     drawRow(previous);
     drawRow(index);
@@ -155,42 +148,29 @@ void ucCoolList::moveTo(int index) {
 }
 
 int ucCoolList::SelectedCount() const {
-    return static_cast<int>(std::ranges::count(m_selected, true));
-}
-
-bool ucCoolList::ItemSelected(int Index) const {
-    itemAt(Index);
-    return m_selected[static_cast<std::size_t>(Index)];
+    return static_cast<int>(std::ranges::count(m_items, true, &Item::isSelected));
 }
 
 void ucCoolList::setItemText(int Index, std::string_view value) {
-    itemAt(Index);
-    m_items[static_cast<std::size_t>(Index)].Text = value;
+    itemAt(Index).Text = value;
     drawRow(Index);
     tellAccessible();
 }
 
 void ucCoolList::setItemIcon(int Index, std::int16_t value) {
-    itemAt(Index);
-    m_items[static_cast<std::size_t>(Index)].Icon = value;
+    itemAt(Index).Icon = value;
     drawRow(Index);
 }
 
 void ucCoolList::setItemIconSelected(int Index, std::int16_t value) {
-    itemAt(Index);
-    m_items[static_cast<std::size_t>(Index)].IconSelected = value;
+    itemAt(Index).IconSelected = value;
     drawRow(Index);
 }
 
 void ucCoolList::setItemSelected(int Index, bool value) {
-    itemAt(Index);
-    m_selected[static_cast<std::size_t>(Index)] = value;
+    itemAt(Index).isSelected = value;
     drawRow(Index);
     tellAccessible();
-}
-
-std::string ucCoolList::accessibleValue() const {
-    return isItem(m_listIndex) ? itemAt(m_listIndex).Text : std::string();
 }
 
 std::string ucCoolList::accessibleItemText(int item) const {
@@ -198,13 +178,13 @@ std::string ucCoolList::accessibleItemText(int item) const {
 }
 
 bool ucCoolList::isAccessibleItemSelected(int item) const {
-    return isItem(item) && m_selected[static_cast<std::size_t>(item)];
+    return isItem(item) && itemAt(item).isSelected;
 }
 
 void ucCoolList::selectAccessibleItem(int item) {
     if (!isItem(item) || !m_properties.Enabled) return;
     change([&] {
-        m_selected[static_cast<std::size_t>(item)] = true;
+        itemAt(item).isSelected = true;
         moveTo(item);
         note(Click);
     });

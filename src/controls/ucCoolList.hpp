@@ -16,6 +16,7 @@
 #include "controls/ucCoolListImages.hpp"
 #include "controls/ucCoolListProperties.hpp"
 #include "platform/control/Control.hpp"
+#include "platform/control/WheelTurns.hpp"
 
 namespace mobrel {
 
@@ -84,7 +85,7 @@ class ucCoolList : public Control {
     const std::string& ItemText(int Index) const { return itemAt(Index).Text; }
     std::int16_t ItemIcon(int Index) const { return itemAt(Index).Icon; }
     std::int16_t ItemIconSelected(int Index) const { return itemAt(Index).IconSelected; }
-    bool ItemSelected(int Index) const;
+    bool ItemSelected(int Index) const { return itemAt(Index).isSelected; }
     void setItemText(int Index, std::string_view value);
     void setItemIcon(int Index, std::int16_t value);
     void setItemIconSelected(int Index, std::int16_t value);
@@ -167,10 +168,10 @@ class ucCoolList : public Control {
     void keyReleased(const KeyInput& input) override;
     void keyTyped(char32_t character) override;
     void focusChanged(bool hasFocus) override;
-    void appearanceChanged() override;
+    void appearanceChanged() override { relayout(); }
 
     AccessibleRole accessibleRole() const override { return AccessibleRole::List; }
-    std::string accessibleValue() const override;
+    std::string accessibleValue() const override { return accessibleItemText(m_listIndex); }
     int accessibleItemCount() const override { return ListCount(); }
     std::string accessibleItemText(int item) const override;
     bool isAccessibleItemSelected(int item) const override;
@@ -180,25 +181,27 @@ class ucCoolList : public Control {
 
  protected:
     void hostChanged() override;
-    void sizeChanged() override;
+    void sizeChanged() override { relayout(); }
 
  private:
     struct Item {
         std::string Text;
         std::int16_t Icon = 0;
         std::int16_t IconSelected = 0;
+        bool isSelected = false;
     };
 
     // Items and selection.
     bool isItem(int index) const noexcept { return index >= 0 && index < ListCount(); }
-    const Item& itemAt(int index) const;
+    std::size_t placeOf(int index) const;
+    const Item& itemAt(int index) const { return m_items[placeOf(index)]; }
+    Item& itemAt(int index) { return m_items[placeOf(index)]; }
     void checkPlace(int index) const;
     bool isMultiple() const noexcept { return m_properties.SelectMode == ListSelectMode::Multiple; }
-    void tellAccessible();
     void moveTo(int index);
     void sortItems();
 
-    /// Runs a change of the list and then, unless it is a part of another one, raises the events that it
+    /// Runs a change of the list and then, unless it is a part of another change, raises the events that were
     /// noted.
     template <typename Change>
     void change(Change&& apply) {
@@ -217,8 +220,8 @@ class ucCoolList : public Control {
     // Places, in device pixels: of the surface, the rows' part of the image, unless told otherwise.
     int border() const;
     Rect surfaceRect() const;  // of the image
-    int surfaceWidth() const { return surfaceRect().right - surfaceRect().left; }
-    int surfaceHeight() const { return surfaceRect().bottom - surfaceRect().top; }
+    int surfaceWidth() const { return surfaceRect().width(); }
+    int surfaceHeight() const { return surfaceRect().height(); }
     int firstRow() const noexcept { return m_topIndex < 0 ? 0 : m_topIndex; }
     bool isRowVisible(int item) const noexcept;
     Rect rowRect(int item) const;
@@ -227,8 +230,11 @@ class ucCoolList : public Control {
     std::optional<int> visibleRowAt(float y) const;
     std::optional<int> itemUnder(float y) const;
 
+    void relayout() {
+        change([this] { layout(); });
+    }
     void layout();
-    int measuredRowHeight() const;
+    void measureRows();
     void snapHeight();
     void layoutScrollBar();
     void placeScrollBar();
@@ -250,7 +256,7 @@ class ucCoolList : public Control {
 
     // Input.
     PointerInput onSurface(const PointerInput& input) const;
-    bool isOnSurface(const PointerInput& place) const;
+    bool isOnSurface(const PointerInput& input) const;
     void pressRow(int item, float y);
     void dragTo(float y);
     bool isOutside(float y) const;
@@ -276,15 +282,14 @@ class ucCoolList : public Control {
     template <typename Value>
     void changeGeometry(Value& property, Value value) {
         property = std::move(value);
-        change([this] { layout(); });
+        relayout();
     }
 
     ucCoolListProperties m_properties;
     std::string m_designName;
     std::shared_ptr<const ImageList> m_imageList;
-    /// One spare record stands behind the last item; the selection has the same bounds.
+    /// One spare record stands behind the last item.
     std::vector<Item> m_items = std::vector<Item>(1);
-    std::vector<bool> m_selected = std::vector<bool>(1);
     int m_listIndex = -1;
     int m_topIndex = 0;
     /// The next ListIndex is scrolled into view.
@@ -296,7 +301,6 @@ class ucCoolList : public Control {
     bool m_hasScrollBar = false;
     int m_rowHeight = 0;
     int m_visibleRows = 0;
-    bool m_isSnapping = false;
 
     bool m_hasFocus = false;
     bool m_isMouseDown = false;
@@ -305,8 +309,7 @@ class ucCoolList : public Control {
     float m_lastMouseY = -1;
     /// The state that a drag gives to the rows it crosses.
     bool m_dragValue = true;
-    /// Of the wheel, what is not a whole row yet.
-    int m_wheelRest = 0;
+    WheelTurns m_turns;
 
     bool m_isEditing = false;
     /// Of the host's editor.

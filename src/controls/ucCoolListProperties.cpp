@@ -8,92 +8,81 @@ namespace mobrel {
 
 namespace {
 
-/// A number from 0 up.
-template <typename Number>
-void readInto(Number& property, const PropertyBag& bag, std::string_view key, std::int32_t greatest) {
-    const std::int32_t value = bag.readNumber(key, static_cast<std::int32_t>(property));
-    if (value >= 0 && value <= greatest) property = static_cast<Number>(value);
+using Picture = std::shared_ptr<const ControlPicture>;
+
+/// Calls visit(key, property) for each property; for a choice also with its last one.
+template <typename Properties, typename Visit>
+void forEachProperty(Properties& p, const Visit& visit) {
+    visit("Alignment", p.Alignment, ListAlignment::Right);
+    visit("Appearance", p.Appearance, ListAppearance::ThreeD);
+    visit("BackNormal", p.BackNormal);
+    visit("BackSelected", p.BackSelected);
+    visit("BackSelectedG1", p.BackSelectedG1);
+    visit("BackSelectedG2", p.BackSelectedG2);
+    visit("BorderStyle", p.BorderStyle, ListBorder::Single);
+    visit("BoxBorder", p.BoxBorder);
+    visit("BoxOffset", p.BoxOffset);
+    visit("BoxRadius", p.BoxRadius);
+    visit("Enabled", p.Enabled);
+    visit("Focus", p.Focus);
+    visit("Font", p.Font);
+    visit("FontNormal", p.FontNormal);
+    visit("FontSelected", p.FontSelected);
+    visit("HoverSelection", p.HoverSelection);
+    visit("ItemHeight", p.ItemHeight);
+    visit("ItemHeightAuto", p.ItemHeightAuto);
+    visit("ItemOffset", p.ItemOffset);
+    visit("ItemTextLeft", p.ItemTextLeft);
+    visit("MouseIcon", p.MouseIcon);
+    visit("MousePointer", p.MousePointer);
+    visit("OrderType", p.OrderType, ListOrder::Descending);
+    visit("SelectionPicture", p.SelectionPicture);
+    visit("SelectMode", p.SelectMode, ListSelectMode::Multiple);
+    visit("SelectModeStyle", p.SelectModeStyle, ListLook::Picture);
+    visit("WordWrap", p.WordWrap);
 }
 
-void readSize(std::int16_t& property, const PropertyBag& bag, std::string_view key) {
-    readInto(property, bag, key, std::numeric_limits<std::int16_t>::max());
-}
+struct Reader {
+    const PropertyBag& bag;
 
-void readColor(std::uint32_t& property, const PropertyBag& bag, std::string_view key) {
-    property = bag.readColor(key, property);
-}
+    void operator()(std::string_view key, std::uint32_t& color) const { color = bag.readColor(key, color); }
+    void operator()(std::string_view key, bool& value) const { value = bag.readBool(key, value); }
+    void operator()(std::string_view key, TextFont& font) const { font = bag.readFont(key, font); }
+    void operator()(std::string_view key, Picture& picture) const { picture = bag.readPicture(key); }
+    void operator()(std::string_view key, std::int16_t& size) const {
+        (*this)(key, size, std::numeric_limits<std::int16_t>::max());
+    }
+    template <typename Number>
+    void operator()(std::string_view key, Number& number, Number last) const {
+        const std::int32_t value = bag.readNumber(key, static_cast<std::int32_t>(number));
+        if (value >= 0 && value <= static_cast<std::int32_t>(last)) number = static_cast<Number>(value);
+    }
+};
 
-void readBool(bool& property, const PropertyBag& bag, std::string_view key) {
-    property = bag.readBool(key, property);
-}
+struct Writer {
+    PropertyBag& bag;
 
-template <typename Number>
-void writeNumber(PropertyBag& bag, std::string_view key, Number property) {
-    bag.writeNumber(key, static_cast<std::int32_t>(property));
-}
+    void operator()(std::string_view key, std::uint32_t color) const { bag.writeColor(key, color); }
+    void operator()(std::string_view key, bool value) const { bag.writeBool(key, value); }
+    void operator()(std::string_view key, const TextFont& font) const { bag.writeFont(key, font); }
+    void operator()(std::string_view key, const Picture& picture) const { bag.writePicture(key, picture); }
+    void operator()(std::string_view key, std::int16_t size) const { bag.writeNumber(key, size); }
+    template <typename Choice>
+    void operator()(std::string_view key, Choice choice, Choice /*last*/) const {
+        bag.writeNumber(key, static_cast<std::int32_t>(choice));
+    }
+};
 
 }  // namespace
 
 ucCoolListProperties ucCoolListProperties::read(const PropertyBag& bag) {
-    ucCoolListProperties p;
-    readInto(p.Alignment, bag, "Alignment", 2);
-    readInto(p.Appearance, bag, "Appearance", 1);
-    readColor(p.BackNormal, bag, "BackNormal");
-    readColor(p.BackSelected, bag, "BackSelected");
-    readColor(p.BackSelectedG1, bag, "BackSelectedG1");
-    readColor(p.BackSelectedG2, bag, "BackSelectedG2");
-    readInto(p.BorderStyle, bag, "BorderStyle", 1);
-    readColor(p.BoxBorder, bag, "BoxBorder");
-    readSize(p.BoxOffset, bag, "BoxOffset");
-    readSize(p.BoxRadius, bag, "BoxRadius");
-    readBool(p.Enabled, bag, "Enabled");
-    readBool(p.Focus, bag, "Focus");
-    p.Font = bag.readFont("Font", p.Font);
-    readColor(p.FontNormal, bag, "FontNormal");
-    readColor(p.FontSelected, bag, "FontSelected");
-    readBool(p.HoverSelection, bag, "HoverSelection");
-    readSize(p.ItemHeight, bag, "ItemHeight");
-    readBool(p.ItemHeightAuto, bag, "ItemHeightAuto");
-    readSize(p.ItemOffset, bag, "ItemOffset");
-    readSize(p.ItemTextLeft, bag, "ItemTextLeft");
-    p.MouseIcon = bag.readPicture("MouseIcon");
-    readSize(p.MousePointer, bag, "MousePointer");
-    readInto(p.OrderType, bag, "OrderType", 1);
-    p.SelectionPicture = bag.readPicture("SelectionPicture");
-    readInto(p.SelectMode, bag, "SelectMode", 1);
-    readInto(p.SelectModeStyle, bag, "SelectModeStyle", 6);
-    readBool(p.WordWrap, bag, "WordWrap");
-    return p;
+    ucCoolListProperties properties;
+    forEachProperty(properties, Reader{bag});
+    return properties;
 }
 
 void ucCoolListProperties::write(PropertyBag& bag) const {
-    writeNumber(bag, "Alignment", Alignment);
-    writeNumber(bag, "Appearance", Appearance);
-    bag.writeColor("BackNormal", BackNormal);
-    bag.writeColor("BackSelected", BackSelected);
-    bag.writeColor("BackSelectedG1", BackSelectedG1);
-    bag.writeColor("BackSelectedG2", BackSelectedG2);
-    writeNumber(bag, "BorderStyle", BorderStyle);
-    bag.writeColor("BoxBorder", BoxBorder);
-    writeNumber(bag, "BoxOffset", BoxOffset);
-    writeNumber(bag, "BoxRadius", BoxRadius);
-    bag.writeBool("Enabled", Enabled);
-    bag.writeBool("Focus", Focus);
-    bag.writeFont("Font", Font);
-    bag.writeColor("FontNormal", FontNormal);
-    bag.writeColor("FontSelected", FontSelected);
-    bag.writeBool("HoverSelection", HoverSelection);
-    writeNumber(bag, "ItemHeight", ItemHeight);
-    bag.writeBool("ItemHeightAuto", ItemHeightAuto);
-    writeNumber(bag, "ItemOffset", ItemOffset);
-    writeNumber(bag, "ItemTextLeft", ItemTextLeft);
-    bag.writePicture("MouseIcon", MouseIcon);
-    writeNumber(bag, "MousePointer", MousePointer);
-    writeNumber(bag, "OrderType", OrderType);
-    bag.writePicture("SelectionPicture", SelectionPicture);
-    writeNumber(bag, "SelectMode", SelectMode);
-    writeNumber(bag, "SelectModeStyle", SelectModeStyle);
-    bag.writeBool("WordWrap", WordWrap);
+    forEachProperty(*this, Writer{bag});
 }
 
 }  // namespace mobrel

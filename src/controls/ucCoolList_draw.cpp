@@ -29,19 +29,18 @@ void ucCoolList::drawRow(int item) {
 }
 
 void ucCoolList::paintBorder(DeviceContext& image) {
-    const Rect all{0, 0, width(), height()};
     if (m_properties.BorderStyle == ListBorder::None) return;
     if (m_properties.Appearance == ListAppearance::ThreeD) {
-        image.DrawEdge(all, Edge::Sunken, lineWidth());
+        image.DrawEdge(bounds(), Edge::Sunken, lineWidth());
         return;
     }
     for (int ring = 0; ring < border(); ++ring) {
-        image.FrameRect({ring, ring, width() - ring, height() - ring}, GetSysColor(SystemColor::WindowText));
+        image.FrameRect(shrunk(bounds(), ring), GetSysColor(SystemColor::WindowText));
     }
 }
 
 void ucCoolList::paintName(DeviceContext& surface) {
-    const Rect whole{0, 0, surface.width(), surface.height()};
+    const Rect whole = surface.bounds();
     surface.FillRect(whole, OleTranslateColor(m_properties.BackNormal));
     DrawTextA(surface, whole, m_designName, m_properties.Font, scale(),
               OleTranslateColor(m_properties.FontNormal), static_cast<unsigned>(m_properties.Alignment));
@@ -58,10 +57,10 @@ void ucCoolList::paintRows(DeviceContext& surface) {
 /// The focus rectangle is a part of the current row: it inverts, so it comes with each fresh row once.
 void ucCoolList::paintRow(DeviceContext& surface, int item) {
     const Item& record = itemAt(item);
-    const bool isSelected = m_selected[static_cast<std::size_t>(item)];
+    const bool isSelected = record.isSelected;
     const Rect place = rowRect(item);
     DeviceContext row = surface.part(place);
-    const Rect whole{0, 0, place.right - place.left, place.bottom - place.top};
+    const Rect whole{0, 0, place.width(), place.height()};
 
     if (isSelected) {
         paintBackground(row, whole);
@@ -110,8 +109,7 @@ void ucCoolList::paintBackground(DeviceContext& row, const Rect& rect) {
 void ucCoolList::paintBox(DeviceContext& row, const Rect& rect) {
     const int offset = scaled(m_properties.BoxOffset);
     const int corner = scaled(m_properties.BoxRadius);
-    row.RoundRect({rect.left + offset, rect.top + offset, rect.right - offset, rect.bottom - offset}, corner,
-                  corner, OleTranslateColor(m_properties.BoxBorder),
+    row.RoundRect(shrunk(rect, offset), corner, corner, OleTranslateColor(m_properties.BoxBorder),
                   OleTranslateColor(m_properties.BackSelected), lineWidth());
 }
 
@@ -126,7 +124,7 @@ void ucCoolList::paintIcon(DeviceContext& row, int index) {
 }
 
 void ucCoolList::paintText(DeviceContext& row, const Rect& rect, const std::string& text, bool isSelected) {
-    if (rect.left >= rect.right || rect.top >= rect.bottom) return;
+    if (rect.isEmpty()) return;
     TextFont font = m_properties.Font;
     if (isSelected && m_properties.SelectModeStyle == ListLook::Bold) font.bold = true;
     const Color color = OleTranslateColor(isSelected ? m_properties.FontSelected : m_properties.FontNormal);

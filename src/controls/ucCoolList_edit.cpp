@@ -61,9 +61,7 @@ void ucCoolList::connectEditBox() {
 void ucCoolList::editKeyPressed(std::int16_t keyCode) {
     if (!m_isEditing || (keyCode != KeyCode::kEnter && keyCode != KeyCode::kEscape)) return;
     change([&] {
-        if (keyCode == KeyCode::kEnter) {
-            m_items[static_cast<std::size_t>(m_listIndex)].Text = host()->editBox().Text();
-        }
+        if (keyCode == KeyCode::kEnter) itemAt(m_listIndex).Text = host()->editBox().Text();
         moveTo(-1);
     });
 }

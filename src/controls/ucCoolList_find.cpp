@@ -57,7 +57,7 @@ void ucCoolList::Order() {
     if (ListCount() < 2) return;
     change([this] {
         sortItems();
-        m_selected.assign(m_items.size(), false);
+        for (Item& item : m_items) item.isSelected = false;
         if (m_listIndex >= 0) moveTo(-1);
         m_scroll.setValue(0);
         repaint();

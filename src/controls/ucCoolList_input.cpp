@@ -3,13 +3,13 @@
 #include <algorithm>
 
 #include "controls/ucCoolList.hpp"
+#include "platform/base/Numbers.hpp"
 
 namespace mobrel {
 
 namespace {
 
-// A notch of the wheel scrolls three rows.
-constexpr int kWheelUnitsPerRow = 40;
+constexpr int kRowsPerNotch = 3;
 
 // Milliseconds.
 constexpr double kStepTimePerPixel = 20;
@@ -38,18 +38,17 @@ PointerInput ucCoolList::onSurface(const PointerInput& input) const {
     return {input.button, input.shift, input.x - edge, input.y - edge};
 }
 
-bool ucCoolList::isOnSurface(const PointerInput& place) const {
-    return place.x >= 0 && place.x < static_cast<float>(surfaceWidth()) && place.y >= 0 &&
-           place.y < static_cast<float>(surfaceHeight());
+bool ucCoolList::isOnSurface(const PointerInput& input) const {
+    return surfaceRect().contains(input.x, input.y);
 }
 
 void ucCoolList::pointerPressed(const PointerInput& input) {
+    if (!m_properties.Enabled || !isOnSurface(input)) return;
     const PointerInput place = onSurface(input);
-    if (!m_properties.Enabled || !isOnSurface(place)) return;
     change([&] {
         if (place.button != MouseButton::kRight) {
             m_isMouseDown = true;
-            if (host() != nullptr) host()->captureMouse();
+            captureMouse();
             if (const auto item = itemUnder(place.y)) pressRow(*item, place.y);
         }
         note(MouseDown, place.button, place.shift, place.x, place.y);
@@ -57,9 +56,9 @@ void ucCoolList::pointerPressed(const PointerInput& input) {
 }
 
 void ucCoolList::pressRow(int item, float y) {
-    const auto index = static_cast<std::size_t>(item);
-    m_selected[index] = !isMultiple() || !m_selected[index];
-    if (isMultiple()) m_dragValue = m_selected[index];
+    bool& isSelected = itemAt(item).isSelected;
+    isSelected = !isMultiple() || !isSelected;
+    if (isMultiple()) m_dragValue = isSelected;
     m_lastMouseY = y;
     moveTo(item);
 }
@@ -82,7 +81,7 @@ void ucCoolList::pointerMoved(const PointerInput& input) {
 void ucCoolList::dragTo(float y) {
     const auto item = itemUnder(y);
     if (!item || visibleRowAt(y) == visibleRowAt(m_lastMouseY)) return;
-    m_selected[static_cast<std::size_t>(*item)] = m_dragValue;
+    itemAt(*item).isSelected = m_dragValue;
     m_lastMouseY = y;
     moveTo(*item);
 }
@@ -125,7 +124,7 @@ double ucCoolList::stepTime() const {
 void ucCoolList::stepOutwards() {
     const int next = m_listIndex + (m_mouseY < 0 ? -1 : 1);
     if (!isItem(next)) return;
-    if (isMultiple()) m_selected[static_cast<std::size_t>(next)] = m_dragValue;
+    if (isMultiple()) itemAt(next).isSelected = m_dragValue;
     moveTo(next);
 }
 
@@ -136,22 +135,21 @@ void ucCoolList::pointerReleased(const PointerInput& input) {
     const PointerInput place = onSurface(input);
     const auto life = this->life();
     MouseUp.raise(place.button, place.shift, place.x, place.y);
-    if (life.expired() || !wasPressed || !isOnSurface(place) || m_listIndex < 0) return;
+    if (life.expired() || !wasPressed || !isOnSurface(input) || m_listIndex < 0) return;
     Click.raise();
 }
 
 /// Stands in for the second press.
 void ucCoolList::pointerDoubleClicked(const PointerInput& input) {
-    if (m_properties.Enabled && isOnSurface(onSurface(input)) && m_listIndex > -1) DblClick.raise();
+    if (m_properties.Enabled && isOnSurface(input) && m_listIndex > -1) DblClick.raise();
 }
 
 void ucCoolList::wheelTurned(const WheelInput& input) {
     if (!m_properties.Enabled || !m_hasScrollBar) return;
-    const bool hasTurnedBack = (m_wheelRest < 0) != (input.vertical < 0);
-    m_wheelRest = hasTurnedBack ? input.vertical : m_wheelRest + input.vertical;
-    const int rows = m_wheelRest / kWheelUnitsPerRow;
-    m_wheelRest %= kWheelUnitsPerRow;
-    if (rows != 0) m_scroll.setValue(m_scroll.Value() - rows);
+    const bool hasTurnedBack = (m_turns.rest() < 0) != (input.vertical < 0);
+    if (hasTurnedBack) m_turns = {};
+    const std::int64_t rows = m_turns.take(input.vertical, kRowsPerNotch);
+    if (rows != 0) m_scroll.setValue(clampInt(m_scroll.Value() - rows));
 }
 
 bool ucCoolList::keyPressed(const KeyInput& input) {

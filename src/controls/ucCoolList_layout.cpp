@@ -49,7 +49,7 @@ Rect ucCoolList::textRect(const Rect& row) const {
 
 Rect ucCoolList::inImage(const Rect& rect) const {
     const int edge = border();
-    return {rect.left + edge, rect.top + edge, rect.right + edge, rect.bottom + edge};
+    return moved(rect, edge, edge);
 }
 
 std::optional<int> ucCoolList::visibleRowAt(float y) const {
@@ -68,22 +68,13 @@ void ucCoolList::hostChanged() {
     m_isMouseDown = false;
     m_scroll.setClient(host() != nullptr ? &host()->verticalScrollBar() : nullptr);
     showCursor();
-    change([this] { layout(); });
-}
-
-void ucCoolList::sizeChanged() {
-    change([this] { layout(); });
-}
-
-void ucCoolList::appearanceChanged() {
-    change([this] { layout(); });
+    relayout();
 }
 
 void ucCoolList::layout() {
     closeEdit();
     const bool hadRows = m_visibleRows > 0;
-    m_rowHeight = measuredRowHeight();
-    m_visibleRows = surfaceHeight() / m_rowHeight;
+    measureRows();
     snapHeight();
     layoutScrollBar();
     placeScrollBar();
@@ -91,23 +82,23 @@ void ucCoolList::layout() {
     repaint();
 }
 
-int ucCoolList::measuredRowHeight() const {
+void ucCoolList::measureRows() {
     const int line = std::max(lineHeight(m_properties.Font, scale()), 1);
-    return m_properties.ItemHeightAuto ? line : std::max(scaled(m_properties.ItemHeight), line);
+    m_rowHeight = m_properties.ItemHeightAuto ? line : std::max(scaled(m_properties.ItemHeight), line);
+    m_visibleRows = surfaceHeight() / m_rowHeight;
 }
 
-/// Asks for a height of whole rows, and comes back to layout with the one it gets. A list too low for a row
-/// stays as it is.
+/// Asks for a height of whole rows, and goes on with the one it gets. A list too low for a row stays as it
+/// is.
 void ucCoolList::snapHeight() {
     const int wanted = m_visibleRows * m_rowHeight + 2 * border();
-    if (m_isSnapping || m_visibleRows == 0 || wanted == height()) return;
-    m_isSnapping = true;
+    if (m_visibleRows == 0 || wanted == height()) return;
     if (host() != nullptr) {
-        host()->requestSize(width(), wanted);
+        requestSize(width(), wanted);
+        measureRows();
     } else {
         setSize(width(), wanted, scale());
     }
-    m_isSnapping = false;
 }
 
 /// Fits the scroll bar to the number of items and rows.

@@ -33,7 +33,7 @@ const TextFont kFont;
 void ucInfo::setText(std::size_t pane, std::string text) {
     m_texts[pane] = std::move(text);
     repaint();
-    if (host() != nullptr) host()->accessibleChanged();
+    tellAccessible();
 }
 
 /// A line of text always fits above the lower edge.
@@ -48,18 +48,9 @@ int ucInfo::paneWidth(int designed, const char* text) const {
     return std::max(scaled(designed), needed);
 }
 
-void ucInfo::sizeChanged() {
-    // The layout that asked for this size goes on with it.
-    if (!m_isAskingForSize) layOut();
-}
-
 void ucInfo::layOut() {
     if (host() == nullptr) return;
-    if (height() != fittingHeight()) {
-        m_isAskingForSize = true;
-        host()->requestSize(width(), fittingHeight());
-        m_isAskingForSize = false;
-    }
+    requestSize(width(), fittingHeight());
     placePanes();
     repaint();
     Resize.raise();
@@ -72,7 +63,6 @@ void ucInfo::placePanes() {
     const int zoomLeft = gripLeft - paneWidth(kZoomWidth, kGreatestZoom);
     const int infoLeft = zoomLeft - paneWidth(kInfoWidth, kUsualInfo);
     const int top = scaled(kPaneTop);
-    m_control = {0, 0, right, std::max(bottom, height())};
     m_grip = {gripLeft, 0, right, bottom};
     m_panes = {
         {{0, top, infoLeft, bottom}, {infoLeft, top, zoomLeft, bottom}, {zoomLeft, top, gripLeft, bottom}}};
@@ -85,7 +75,7 @@ void ucInfo::placePanes() {
 void ucInfo::repaint() {
     auto target = image();
     if (!target) return;
-    target->FillRect(m_control, GetSysColor(SystemColor::ButtonFace));
+    target->FillRect(bounds(), GetSysColor(SystemColor::ButtonFace));
     target->FillRect(m_panes[kFile], GetSysColor(SystemColor::Window));
     for (const Rect& pane : m_panes) target->DrawEdge(pane, Edge::SunkenOuter, lineWidth());
     target->DrawSizeGrip(m_grip, lineWidth());

@@ -20,7 +20,7 @@ class ucInfo : public Control {
     void setTextFile(std::string text) { setText(kFile, std::move(text)); }
     /// The room of the first text in device pixels, for which a path can be shortened. Not above 0 while
     /// there is none.
-    int TextFileWidth() const noexcept { return m_textRects[kFile].right - m_textRects[kFile].left; }
+    int TextFileWidth() const noexcept { return m_textRects[kFile].width(); }
 
     const std::string& TextInfo() const noexcept { return m_texts[kInfo]; }
     void setTextInfo(std::string text) { setText(kInfo, std::move(text)); }
@@ -41,7 +41,7 @@ class ucInfo : public Control {
 
  protected:
     void hostChanged() override { layOut(); }
-    void sizeChanged() override;
+    void sizeChanged() override { layOut(); }
 
  private:
     static constexpr std::size_t kFile = 0;
@@ -58,11 +58,9 @@ class ucInfo : public Control {
     bool isOnGrip(const PointerInput& input) const;
 
     std::array<std::string, kPanes> m_texts;
-    Rect m_control;
     Rect m_grip;
     std::array<Rect, kPanes> m_panes;
     std::array<Rect, kPanes> m_textRects;
-    bool m_isAskingForSize = false;
 };
 
 }  // namespace mobrel

@@ -2,17 +2,12 @@
 #include "controls/ucProgress.hpp"
 
 #include <algorithm>
-#include <limits>
+
+#include "platform/base/Numbers.hpp"
 
 namespace mobrel {
 
 namespace {
-
-/// Widths of the bar as places of a rectangle; beyond any control, they look the same.
-int asPlace(std::int64_t width) {
-    return static_cast<int>(
-        std::clamp<std::int64_t>(width, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
-}
 
 Edge edgeOf(ProgressBorder style) {
     switch (style) {
@@ -82,7 +77,7 @@ void ucProgress::sizeChanged() {
 void ucProgress::repaint() {
     auto target = image();
     if (!target) return;
-    target->DrawEdge({0, 0, width(), height()}, edgeOf(m_borderStyle), lineWidth());
+    target->DrawEdge(bounds(), edgeOf(m_borderStyle), lineWidth());
     paintBar(*target);
     showAll();
 }
@@ -95,23 +90,23 @@ void ucProgress::followValue() {
     paintBar(*target);
     const auto [left, right] = std::minmax(before, m_paintedWidth);
     const auto onImage = [&](std::int64_t width) {
-        return m_inner.left + std::clamp(asPlace(width), 0, m_inner.right - m_inner.left);
+        return m_inner.left + std::clamp(clampInt(width), 0, m_inner.width());
     };
     showChange({onImage(left), m_inner.top, onImage(right), m_inner.bottom});
-    if (host() != nullptr) host()->accessibleChanged();
+    tellAccessible();
 }
 
 void ucProgress::paintBar(DeviceContext& target) {
     m_paintedWidth = barWidth();
     DeviceContext inner = target.part(m_inner);
-    const int end = asPlace(m_paintedWidth);
+    const int end = clampInt(m_paintedWidth);
     inner.FillRect({0, 0, end, inner.height()}, OleTranslateColor(m_foreColor));
     inner.FillRect({end, 0, inner.width(), inner.height()}, OleTranslateColor(m_backColor));
 }
 
 void ucProgress::pointerPressed(const PointerInput& input) {
     if (!m_enabled) return;
-    if (host() != nullptr) host()->captureMouse();
+    captureMouse();
     MouseDown.raise(input.button, input.shift, insideX(input), insideY(input));
 }
 
@@ -121,8 +116,7 @@ void ucProgress::pointerMoved(const PointerInput& input) {
 
 void ucProgress::pointerReleased(const PointerInput& input) {
     if (!m_enabled) return;
-    const bool isInside = input.x >= 0 && input.x < static_cast<float>(width()) &&  //
-                          input.y >= 0 && input.y < static_cast<float>(height());
+    const bool isInside = bounds().contains(input.x, input.y);
     const auto life = this->life();
     MouseUp.raise(input.button, input.shift, insideX(input), insideY(input));
     if (!life.expired() && isInside && input.button != MouseButton::kMiddle) Click.raise();

@@ -67,9 +67,7 @@ class ucProgress : public Control {
 
  private:
     /// In pixels; wider than the control for a value above Max.
-    std::int64_t barWidth() const noexcept {
-        return std::int64_t{m_inner.right - m_inner.left} * m_value / m_max;
-    }
+    std::int64_t barWidth() const noexcept { return std::int64_t{m_inner.width()} * m_value / m_max; }
     /// Value, as far as the bar can show it.
     std::int32_t shownValue() const noexcept { return std::clamp(m_value, 0, m_max); }
     void followValue();

@@ -18,7 +18,7 @@ void zenSlider::setMax(std::int32_t value) {
     m_max = value;
     m_range = std::int64_t{m_max} - m_min;
     // kept: the knob stays where it is, and so may a Value above Max, until Value or the size changes.
-    if (host() != nullptr) host()->accessibleChanged();
+    tellAccessible();
 }
 
 void zenSlider::setMin(std::int32_t value) {
@@ -28,7 +28,7 @@ void zenSlider::setMin(std::int32_t value) {
     setValue(value);
     if (life.expired()) return;
     m_range = std::int64_t{m_max} - m_min;  // a handler may have set them again
-    if (host() != nullptr) host()->accessibleChanged();
+    tellAccessible();
 }
 
 void zenSlider::setValue(std::int32_t value) {
@@ -38,7 +38,7 @@ void zenSlider::setValue(std::int32_t value) {
     if (!m_isDragging) placeAlong(m_value);
     repaint();
     m_previousValue = m_value;
-    if (host() != nullptr) host()->accessibleChanged();
+    tellAccessible();
     // A handler may set Value; what is told then is the Value of that moment. Or it ends the slider.
     const auto life = this->life();
     ValueChanged.raise();

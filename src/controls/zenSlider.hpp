@@ -10,6 +10,7 @@
 #include "platform/control/Control.hpp"
 #include "platform/control/ControlPicture.hpp"
 #include "platform/control/PropertyBag.hpp"
+#include "platform/control/WheelTurns.hpp"
 #include "platform/drawing/SystemColors.hpp"
 
 namespace mobrel {
@@ -48,7 +49,7 @@ class zenSlider : public Control {
     void setMin(std::int32_t value);
 
     std::int32_t Value() const noexcept { return m_value; }
-    /// Raises ValueChanged when it is another one, then ArrivedLast at Max and ArrivedFirst at Min.
+    /// Raises ValueChanged when it changes, then ArrivedLast at Max and ArrivedFirst at Min.
     /// Error 380 outside Min to Max.
     void setValue(std::int32_t value);
 
@@ -88,7 +89,7 @@ class zenSlider : public Control {
     void pointerPressed(const PointerInput& input) override;
     void pointerMoved(const PointerInput& input) override;
     void pointerReleased(const PointerInput& input) override;
-    /// The second press of two is one as any other.
+    /// The second press of two is a press like any other.
     void pointerDoubleClicked(const PointerInput& input) override { pointerPressed(input); }
     /// A step a notch, upwards and to the right to greater values.
     void wheelTurned(const WheelInput& input) override;
@@ -105,7 +106,7 @@ class zenSlider : public Control {
 
  protected:
     void hostChanged() override { layOut(); }
-    void sizeChanged() override;
+    void sizeChanged() override { layOut(); }
 
  private:
     bool isHorizontal() const noexcept { return m_orientation == SliderOrientation::Horizontal; }
@@ -159,9 +160,8 @@ class zenSlider : public Control {
     Picture m_sliderIcon;
     Picture m_railPicture;
 
-    bool m_isAskingForSize = false;
     bool m_showsFocus = false;
-    int m_wheelRest = 0;  // what is left of a notch
+    WheelTurns m_turns;
 };
 
 }  // namespace mobrel

@@ -49,20 +49,19 @@ void drawHatch(DeviceContext& target, const Rect& rect, int cell) {
 void zenSlider::repaint() {
     auto target = image();
     if (!target) return;
-    const Rect all{0, 0, width(), height()};
-    target->FillRect(all, OleTranslateColor(m_backColor));
+    target->FillRect(bounds(), OleTranslateColor(m_backColor));
     if (m_railStyle == SliderRail::Picture) {
         drawRailPicture(*target);
     } else {
         drawRail(*target);
     }
-    if (m_showsFocus) target->DrawFocusRect(all, lineWidth());
+    if (m_showsFocus) target->DrawFocusRect(bounds(), lineWidth());
     drawKnob(*target);
     showAll();
 }
 
 void zenSlider::drawRail(DeviceContext& target) const {
-    const int thickness = std::min(m_rail.right - m_rail.left, m_rail.bottom - m_rail.top);
+    const int thickness = std::min(m_rail.width(), m_rail.height());
     // Two rings from either side fill the rail, and no more.
     target.DrawEdge(m_rail, edgeOf(m_railStyle), std::max(1, thickness / 4));
 }
@@ -83,10 +82,9 @@ void zenSlider::drawKnob(DeviceContext& target) const {
         return;
     }
     const int line = lineWidth();
-    const int inset = (kKnobEdges + kHatchMargin) * line;
     target.FillRect(knob, GetSysColor(SystemColor::ButtonFace));
     target.DrawEdge(knob, Edge::Raised, line);
-    drawHatch(target, {knob.left + inset, knob.top + inset, knob.right - inset, knob.bottom - inset}, line);
+    drawHatch(target, shrunk(knob, (kKnobEdges + kHatchMargin) * line), line);
 }
 
 }  // namespace mobrel

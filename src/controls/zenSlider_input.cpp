@@ -9,7 +9,6 @@ namespace mobrel {
 
 namespace {
 
-constexpr int kNotch = 120;
 constexpr int kPagesInRange = 10;
 
 }  // namespace
@@ -18,7 +17,7 @@ void zenSlider::pointerPressed(const PointerInput& input) {
     showFocus(false);
     if (input.button != MouseButton::kLeft || !m_enabled) return;
     m_isDragging = true;
-    if (host() != nullptr) host()->captureMouse();
+    captureMouse();
     const auto knobWidth = static_cast<float>(this->knobWidth());
     const auto knobHeight = static_cast<float>(this->knobHeight());
     const auto life = this->life();
@@ -43,10 +42,8 @@ void zenSlider::pointerMoved(const PointerInput& input) {
 }
 
 void zenSlider::pointerReleased(const PointerInput& input) {
-    const bool isInside = input.x >= 0 && input.x < static_cast<float>(width()) &&  //
-                          input.y >= 0 && input.y < static_cast<float>(height());
     const auto life = this->life();
-    if (m_enabled && input.button == MouseButton::kLeft && isInside) Click.raise();
+    if (m_enabled && input.button == MouseButton::kLeft && bounds().contains(input.x, input.y)) Click.raise();
     if (life.expired() || !m_isDragging) return;
     std::int16_t shift = input.shift;
     MouseUp.raise(shift);
@@ -72,9 +69,7 @@ void zenSlider::dragTo(const PointerInput& input) {
 }
 
 void zenSlider::wheelTurned(const WheelInput& input) {
-    const std::int64_t turned = std::int64_t{m_wheelRest} + input.vertical - input.horizontal;
-    m_wheelRest = static_cast<int>(turned % kNotch);
-    const std::int64_t steps = turned / kNotch;
+    const std::int64_t steps = m_turns.take(std::int64_t{input.vertical} - input.horizontal);
     if (steps != 0) changeByUser(m_value + steps);
 }
 

@@ -34,11 +34,6 @@ Rect zenSlider::knobRect() const {
     return {left, top, left + knobWidth(), top + knobHeight()};
 }
 
-void zenSlider::sizeChanged() {
-    // The layout that asked for this size goes on with it.
-    if (!m_isAskingForSize) layOut();
-}
-
 void zenSlider::layOut() {
     requestFittingSize();
     placeAcross();
@@ -67,10 +62,7 @@ void zenSlider::requestFittingSize() {
         if (outerHeight == 0) outerHeight = knobHeight();
         outerWidth = knobWidth();
     }
-    if (outerWidth == width() && outerHeight == height()) return;
-    m_isAskingForSize = true;
-    host()->requestSize(outerWidth, outerHeight);
-    m_isAskingForSize = false;
+    requestSize(outerWidth, outerHeight);
 }
 
 /// The knob lies on the middle of a rail picture, and else fills the control's thickness.
