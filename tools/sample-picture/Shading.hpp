@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Colours and noise for the sample picture.
+// Colours and noise to shade the sample picture with.
 //
 // Only sums, products, quotients and square roots are used, which every machine rounds alike; what
 // looks random is an integer hash of its place.
@@ -13,22 +13,23 @@
 
 namespace sample {
 
-struct Paint {
+/// A colour whose channels go from 0 to 255 and may leave that range on the way.
+struct Rgb {
     double red = 0;
     double green = 0;
     double blue = 0;
 };
 
-constexpr Paint rgb(int value) {
+constexpr Rgb rgb(int value) {
     return {double(value >> 16 & 255), double(value >> 8 & 255), double(value & 255)};
 }
 
-inline Paint mix(const Paint& a, const Paint& b, double share) {
+inline Rgb mix(const Rgb& a, const Rgb& b, double share) {
     return {a.red + (b.red - a.red) * share, a.green + (b.green - a.green) * share,
             a.blue + (b.blue - a.blue) * share};
 }
 
-inline Paint add(const Paint& a, const Paint& light, double strength) {
+inline Rgb add(const Rgb& a, const Rgb& light, double strength) {
     return {a.red + light.red * strength, a.green + light.green * strength, a.blue + light.blue * strength};
 }
 
@@ -86,17 +87,17 @@ inline double clouds(double x, double y, std::uint32_t seed, int octaves) {
 
 struct Stop {
     double place;
-    Paint paint;
+    Rgb color;
 };
 
 template <std::size_t Count>
-inline Paint gradient(const std::array<Stop, Count>& stops, double place) {
+inline Rgb gradient(const std::array<Stop, Count>& stops, double place) {
     for (std::size_t i = 1; i < Count; ++i) {
         if (place < stops[i].place) {
-            return mix(stops[i - 1].paint, stops[i].paint, smooth(stops[i - 1].place, stops[i].place, place));
+            return mix(stops[i - 1].color, stops[i].color, smooth(stops[i - 1].place, stops[i].place, place));
         }
     }
-    return stops[Count - 1].paint;
+    return stops[Count - 1].color;
 }
 
 }  // namespace sample
