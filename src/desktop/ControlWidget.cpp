@@ -98,10 +98,15 @@ PointerInput ControlWidget::pointer(const QMouseEvent& event) {
     return input;
 }
 
+/// Of a button that the platform has a number for; others are the window's.
+void ControlWidget::tellButton(QMouseEvent& event, void (Control::*tell)(const PointerInput&)) {
+    const PointerInput input = pointer(event);
+    if (input.button == MouseButton::kNone) return event.ignore();
+    enterCore([&] { (m_control.*tell)(input); });
+}
+
 void ControlWidget::mousePressEvent(QMouseEvent* event) {
-    const PointerInput input = pointer(*event);
-    if (input.button == MouseButton::kNone) return event->ignore();
-    enterCore([&] { m_control.pointerPressed(input); });
+    tellButton(*event, &Control::pointerPressed);
 }
 
 void ControlWidget::mouseMoveEvent(QMouseEvent* event) {
@@ -110,15 +115,11 @@ void ControlWidget::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void ControlWidget::mouseReleaseEvent(QMouseEvent* event) {
-    const PointerInput input = pointer(*event);
-    if (input.button == MouseButton::kNone) return event->ignore();
-    enterCore([&] { m_control.pointerReleased(input); });
+    tellButton(*event, &Control::pointerReleased);
 }
 
 void ControlWidget::mouseDoubleClickEvent(QMouseEvent* event) {
-    const PointerInput input = pointer(*event);
-    if (input.button == MouseButton::kNone) return event->ignore();
-    enterCore([&] { m_control.pointerDoubleClicked(input); });
+    tellButton(*event, &Control::pointerDoubleClicked);
 }
 
 void ControlWidget::leaveEvent(QEvent* /*event*/) {

@@ -40,6 +40,7 @@ class ControlWidget : public QWidget {
 
  private:
     PointerInput pointer(const QMouseEvent& event);
+    void tellButton(QMouseEvent& event, void (Control::*tell)(const PointerInput&));
     void followSize();
 
     Control& m_control;

@@ -50,20 +50,6 @@ std::int16_t firstOf(std::initializer_list<std::int16_t> codes) {
     return found == codes.end() ? std::int16_t{0} : *found;
 }
 
-}  // namespace
-
-std::int16_t mouseButton(Qt::MouseButton button) {
-    return mouseButtons(button);
-}
-
-std::int16_t mouseButtons(Qt::MouseButtons buttons) {
-    int sum = MouseButton::kNone;
-    if (buttons.testFlag(Qt::LeftButton)) sum += MouseButton::kLeft;
-    if (buttons.testFlag(Qt::RightButton)) sum += MouseButton::kRight;
-    if (buttons.testFlag(Qt::MiddleButton)) sum += MouseButton::kMiddle;
-    return static_cast<std::int16_t>(sum);
-}
-
 std::int16_t shiftState(Qt::KeyboardModifiers modifiers) {
     int sum = 0;
     if (modifiers.testFlag(Qt::ShiftModifier)) sum += ShiftState::kShift;
@@ -72,6 +58,8 @@ std::int16_t shiftState(Qt::KeyboardModifiers modifiers) {
     return static_cast<std::int16_t>(sum);
 }
 
+/// The platform's virtual key code, 0 for a key without one. The keys of the number pad have codes of their
+/// own while they type digits and signs.
 std::int16_t keyCode(const QKeyEvent& event) {
     const int key = event.key();
     if (event.modifiers().testFlag(Qt::KeypadModifier)) {
@@ -83,10 +71,20 @@ std::int16_t keyCode(const QKeyEvent& event) {
                     codeInRow(key, Qt::Key_F1, Qt::Key_F24, 112), codeIn(kKeys, key)});
 }
 
+}  // namespace
+
+std::int16_t mouseButtons(Qt::MouseButtons buttons) {
+    int sum = MouseButton::kNone;
+    if (buttons.testFlag(Qt::LeftButton)) sum += MouseButton::kLeft;
+    if (buttons.testFlag(Qt::RightButton)) sum += MouseButton::kRight;
+    if (buttons.testFlag(Qt::MiddleButton)) sum += MouseButton::kMiddle;
+    return static_cast<std::int16_t>(sum);
+}
+
 PointerInput pointerInput(const QMouseEvent& event, double scale) {
     const QPointF place = event.position() * scale;
     const bool isMove = event.type() == QEvent::MouseMove;
-    return {isMove ? mouseButtons(event.buttons()) : mouseButton(event.button()),
+    return {mouseButtons(isMove ? event.buttons() : Qt::MouseButtons(event.button())),
             shiftState(event.modifiers()), static_cast<float>(place.x()), static_cast<float>(place.y())};
 }
 
