@@ -36,7 +36,6 @@ void CLongScroll::setClient(HostPart* client) {
     auto* const bar = dynamic_cast<ScrollBar*>(client);
     if (client != nullptr && bar == nullptr) throw ScrollClientError();
     m_listener.reset();
-    m_client = client;
     m_bar = bar;
     m_copy = {};
     if (m_bar != nullptr) connectClient();

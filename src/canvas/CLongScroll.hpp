@@ -33,7 +33,7 @@ class CLongScroll {
     /// Connects a scroll bar, which starts at 0; null clears the connection. ScrollClientError for
     /// anything else, which changes nothing. The client has to outlive the connection.
     void setClient(HostPart* client);
-    HostPart* Client() const noexcept { return m_client; }
+    HostPart* Client() const noexcept { return m_bar; }
 
     std::int32_t Min() const noexcept { return m_min; }
     std::int32_t Max() const noexcept { return m_max; }
@@ -75,7 +75,6 @@ class CLongScroll {
     void clientChanged();
     void followDrag();
 
-    HostPart* m_client = nullptr;
     ScrollBar* m_bar = nullptr;
     /// Of the present bar.
     std::optional<Listener> m_listener;

@@ -19,8 +19,8 @@ void ucCanvas::press(std::int16_t button, std::int16_t shift, const ViewPlace& p
     const Point view = rounded(place);
     const Point inPicture = toImage(view);
     if (hasPicture()) pressPicture(button, view, inPicture);
-    MouseDown.raise(button, shift, inPicture.x,
-                    inPicture.y);  // of the picture that was pressed, not a cut one
+    // The place is that in the picture that was pressed, not in one that the menu has cut since.
+    MouseDown.raise(button, shift, inPicture.x, inPicture.y);
 }
 
 void ucCanvas::move(const PointerInput& input) {

@@ -9,29 +9,21 @@ namespace mobrel {
 
 namespace {
 
-Edge edgeOf(ProgressBorder style) {
-    switch (style) {
-        case ProgressBorder::Thin:
-            return Edge::SunkenOuter;
-        case ProgressBorder::Sunken:
-            return Edge::Sunken;
-        case ProgressBorder::None:
-            break;
-    }
-    return Edge::None;
-}
+struct Border {
+    Edge edge = Edge::None;
+    int lines = 0;  // how thick it is
+};
 
-/// How many lines the edge is thick.
-int ringsOf(ProgressBorder style) {
+Border borderOf(ProgressBorder style) {
     switch (style) {
         case ProgressBorder::Thin:
-            return 1;
+            return {Edge::SunkenOuter, 1};
         case ProgressBorder::Sunken:
-            return 2;
+            return {Edge::Sunken, 2};
         case ProgressBorder::None:
             break;
     }
-    return 0;
+    return {};
 }
 
 }  // namespace
@@ -69,7 +61,7 @@ void ucProgress::save(PropertyBag& bag) const {
 }
 
 void ucProgress::sizeChanged() {
-    const int border = ringsOf(m_borderStyle) * lineWidth();
+    const int border = borderOf(m_borderStyle).lines * lineWidth();
     m_inner = {border, border, std::max(width() - border, border), std::max(height() - border, border)};
     repaint();
 }
@@ -77,7 +69,7 @@ void ucProgress::sizeChanged() {
 void ucProgress::repaint() {
     auto target = image();
     if (!target) return;
-    target->DrawEdge(bounds(), edgeOf(m_borderStyle), lineWidth());
+    target->DrawEdge(bounds(), borderOf(m_borderStyle).edge, lineWidth());
     paintBar(*target);
     showAll();
 }

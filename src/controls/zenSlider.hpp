@@ -109,6 +109,8 @@ class zenSlider : public Control {
     void sizeChanged() override { layOut(); }
 
  private:
+    static constexpr int kPictureMargin = 2;  // before and behind the rail picture
+
     bool isHorizontal() const noexcept { return m_orientation == SliderOrientation::Horizontal; }
     bool showsRailPicture() const noexcept {
         return m_railStyle == SliderRail::Picture && m_railPicture != nullptr;

@@ -68,7 +68,7 @@ void zenSlider::drawRail(DeviceContext& target) const {
 
 void zenSlider::drawRailPicture(DeviceContext& target) const {
     if (m_railPicture == nullptr) return;
-    const int margin = scaled(2);
+    const int margin = scaled(kPictureMargin);
     const int left = isHorizontal() ? margin : roundInt((width() - railPictureWidth()) * 0.5);
     const int top = isHorizontal() ? roundInt((height() - railPictureHeight()) * 0.5) : margin;
     drawControlPicture(target, {left, top, left + railPictureWidth(), top + railPictureHeight()},

@@ -11,7 +11,6 @@ namespace {
 
 constexpr int kKnobSide = 16;
 constexpr int kRailThickness = 4;
-constexpr int kPictureMargin = 2;
 
 }  // namespace
 

@@ -13,6 +13,11 @@ namespace mobrel {
 /// A platform colour value, 0x00BBGGRR: red is the low byte.
 using Color = std::uint32_t;
 
+/// The colour of channels from 0 to 255.
+constexpr Color rgb(std::uint32_t red, std::uint32_t green, std::uint32_t blue) {
+    return red | green << 8 | blue << 16;
+}
+
 /// Which picture line stands first in memory.
 enum class RowOrder { TopDown, BottomUp };
 

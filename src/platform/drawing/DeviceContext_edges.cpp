@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Borders, focus rectangles and size grips.
 #include <algorithm>
+#include <array>
 #include <cstdint>
-#include <optional>
 
 #include "platform/drawing/ContextPixels.hpp"
 #include "platform/drawing/DeviceContext.hpp"
@@ -12,36 +12,26 @@ namespace mobrel {
 
 namespace {
 
-struct RingColors {
+/// One of the two borders that a ring can have.
+struct Border {
+    Edge edge;
     SystemColor leftTop;
     SystemColor rightBottom;
 };
+using Ring = std::array<Border, 2>;
 
-bool hasBorder(Edge edge, Edge border) {
-    return (static_cast<unsigned>(edge) & static_cast<unsigned>(border)) != 0;
+constexpr Ring kOuterRing = {{{Edge::RaisedOuter, SystemColor::Light3D, SystemColor::DarkShadow3D},
+                              {Edge::SunkenOuter, SystemColor::ButtonShadow, SystemColor::ButtonHighlight}}};
+constexpr Ring kInnerRing = {{{Edge::RaisedInner, SystemColor::ButtonHighlight, SystemColor::ButtonShadow},
+                              {Edge::SunkenInner, SystemColor::DarkShadow3D, SystemColor::Light3D}}};
+
+bool hasBorder(Edge edge, const Border& border) {
+    return (static_cast<unsigned>(edge) & static_cast<unsigned>(border.edge)) != 0;
 }
 
-std::optional<RingColors> outerRing(Edge edge) {
-    if (hasBorder(edge, Edge::RaisedOuter))
-        return RingColors{SystemColor::Light3D, SystemColor::DarkShadow3D};
-    if (hasBorder(edge, Edge::SunkenOuter)) {
-        return RingColors{SystemColor::ButtonShadow, SystemColor::ButtonHighlight};
-    }
-    return std::nullopt;
-}
-
-std::optional<RingColors> innerRing(Edge edge) {
-    if (hasBorder(edge, Edge::RaisedInner)) {
-        return RingColors{SystemColor::ButtonHighlight, SystemColor::ButtonShadow};
-    }
-    if (hasBorder(edge, Edge::SunkenInner))
-        return RingColors{SystemColor::DarkShadow3D, SystemColor::Light3D};
-    return std::nullopt;
-}
-
-void drawRing(DeviceContext& target, const Rect& rect, const RingColors& colors, int thickness) {
-    const Color leftTop = GetSysColor(colors.leftTop);
-    const Color rightBottom = GetSysColor(colors.rightBottom);
+void drawRing(DeviceContext& target, const Rect& rect, const Border& border, int thickness) {
+    const Color leftTop = GetSysColor(border.leftTop);
+    const Color rightBottom = GetSysColor(border.rightBottom);
     const auto [left, top, right, bottom] = sidesOf(rect, thickness);
     target.FillRect(left, leftTop);
     target.FillRect(top, leftTop);
@@ -50,22 +40,16 @@ void drawRing(DeviceContext& target, const Rect& rect, const RingColors& colors,
 }
 
 /// Squares along one side of an outline, told from the corner where the side begins.
-class DotRow {
- public:
-    /// `first` is the number of the first dot; `step` is 1 towards larger coordinates, else -1.
-    DotRow(int origin, int step, int dot, std::int64_t first)
-        : m_origin(origin), m_step(step), m_dot(dot), m_first(first) {}
+struct DotRow {
+    int origin;
+    int step;            // 1 towards larger coordinates, else -1
+    int dot;             // the side of a square
+    std::int64_t first;  // the number of the first one
 
     bool isInverted(int place) const {
-        const std::int64_t distance = (std::int64_t{place} - m_origin) * m_step;
-        return (m_first + distance / m_dot) % 2 == 0;
+        const std::int64_t distance = (std::int64_t{place} - origin) * step;
+        return (first + distance / dot) % 2 == 0;
     }
-
- private:
-    int m_origin;
-    int m_step;
-    int m_dot;
-    std::int64_t m_first;
 };
 
 /// Inverts the pixels of a rectangle of which isInverted(x, y) says so.
@@ -87,9 +71,11 @@ std::int64_t dotsOf(int from, int to, int dot) {
 void DeviceContext::DrawEdge(const Rect& rect, Edge edge, int thickness) {
     thickness = std::max(thickness, 1);
     Rect left = rect;
-    for (const auto& ring : {outerRing(edge), innerRing(edge)}) {
-        if (!ring || left.isEmpty()) continue;
-        drawRing(*this, left, *ring, thickness);
+    for (const Ring& ring : {kOuterRing, kInnerRing}) {
+        const auto* border =
+            std::ranges::find_if(ring, [edge](const Border& b) { return hasBorder(edge, b); });
+        if (border == ring.end() || left.isEmpty()) continue;
+        drawRing(*this, left, *border, thickness);
         left = shrunk(left, thickness);
     }
 }
@@ -104,10 +90,10 @@ void DeviceContext::DrawFocusRect(const Rect& rect, int thickness) {
     const std::int64_t down = dotsOf(top, bottom, thickness);
     const Rect inner = shrunk(ordered, thickness);
     // Each side begins with a corner and ends before the next one.
-    const DotRow onTop(right - 1, -1, thickness, 0);
-    const DotRow onLeft(top, 1, thickness, across);
-    const DotRow onBottom(left, 1, thickness, across + down);
-    const DotRow onRight(bottom - 1, -1, thickness, 2 * across + down);
+    const DotRow onTop{right - 1, -1, thickness, 0};
+    const DotRow onLeft{top, 1, thickness, across};
+    const DotRow onBottom{left, 1, thickness, across + down};
+    const DotRow onRight{bottom - 1, -1, thickness, 2 * across + down};
     auto [leftSide, topSide, rightSide, bottomSide] = sidesOf(ordered, thickness);
     topSide.left = inner.left;
     leftSide.bottom = inner.bottom;

@@ -7,10 +7,6 @@ namespace {
 
 const SystemColors* installed = nullptr;
 
-constexpr Color rgb(std::uint32_t red, std::uint32_t green, std::uint32_t blue) {
-    return red | green << 8 | blue << 16;
-}
-
 Color classicColor(SystemColor index) {
     switch (index) {
         case SystemColor::Window:

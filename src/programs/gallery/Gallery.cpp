@@ -22,21 +22,31 @@ QLabel* makeHeading(const QString& text) {
     return heading;
 }
 
+QWidget* makeSection(void (*add)(QGridLayout& grid)) {
+    auto* const section = new QWidget;
+    section->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+    auto* const grid = new QGridLayout(section);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(18);
+    grid->setVerticalSpacing(12);
+    add(*grid);
+    grid->setColumnStretch(grid->columnCount(), 1);
+    return section;
+}
+
 QWidget* makeContents() {
     auto* const contents = new QWidget;
     auto* const layout = new QVBoxLayout(contents);
     layout->setContentsMargins(18, 12, 18, 18);
     layout->setSpacing(6);
-    const std::pair<const char*, QWidget* (*)()> sections[] = {
-        {"List", makeLists},     {"Slider", makeSliders},  {"Progress bar", makeProgressBars},
-        {"Value tip", makeTips}, {"Canvas", makeCanvases}, {"Mouse pointers", makePointers},
+    const std::pair<const char*, void (*)(QGridLayout&)> sections[] = {
+        {"List", addLists},     {"Slider", addSliders},  {"Progress bar", addProgressBars},
+        {"Value tip", addTips}, {"Canvas", addCanvases}, {"Mouse pointers", addPointers},
     };
-    for (const auto& [name, make] : sections) {
+    for (const auto& [name, add] : sections) {
         if (layout->count() > 0) layout->addSpacing(14);
         layout->addWidget(makeHeading(name));
-        QWidget* const section = make();
-        section->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
-        layout->addWidget(section);
+        layout->addWidget(makeSection(add));
     }
     layout->addStretch();
     return contents;

@@ -31,12 +31,4 @@ void showFocused(QWidget& widget, Control& control) {
     later(widget, 200, [&control] { control.focusChanged(true); });
 }
 
-QGridLayout* gridIn(QWidget* section) {
-    auto* const grid = new QGridLayout(section);
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setHorizontalSpacing(18);
-    grid->setVerticalSpacing(12);
-    return grid;
-}
-
 }  // namespace mobrel::gallery

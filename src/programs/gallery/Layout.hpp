@@ -2,7 +2,6 @@
 // How the parts of the gallery stand.
 #pragma once
 
-#include <QGridLayout>
 #include <QString>
 #include <QWidget>
 #include <functional>
@@ -19,8 +18,5 @@ void later(QWidget& widget, int milliseconds, const std::function<void()>& act);
 
 /// Lets a control draw itself as it does with the keyboard, whoever has it.
 void showFocused(QWidget& widget, Control& control);
-
-/// The layout of a section.
-QGridLayout* gridIn(QWidget* section);
 
 }  // namespace mobrel::gallery

@@ -69,22 +69,20 @@ ucCoolListProperties listLook(ListLook look) {
 
 }  // namespace
 
-QWidget* makeLists() {
-    auto* const section = new QWidget;
-    QGridLayout* const grid = gridIn(section);
+void addLists(QGridLayout& grid) {
     constexpr std::array kLooks = {
         "Solid",  "Tinted with the icon", "Vertical gradient", "Horizontal gradient", "Rounded box", "Bold",
         "Picture"};
     for (int i = 0; i < static_cast<int>(kLooks.size()); ++i) {
         auto* const list = makeList(listLook(static_cast<ListLook>(i)));
-        grid->addWidget(captioned(kLooks[static_cast<std::size_t>(i)], list), i / 4, i % 4);
+        grid.addWidget(captioned(kLooks[static_cast<std::size_t>(i)], list), i / 4, i % 4);
     }
     ucCoolListProperties several = listLook(ListLook::Solid);
     several.SelectMode = ListSelectMode::Multiple;
     auto* const multiple = makeList(several);
     for (const int item : {0, 2, 3}) multiple->owned().setItemSelected(item, true);
     showFocused(*multiple, multiple->owned());
-    grid->addWidget(captioned("Several rows, with the keyboard", multiple), 1, 3);
+    grid.addWidget(captioned("Several rows, with the keyboard", multiple), 1, 3);
 
     ucCoolListProperties wrapped;
     wrapped.ItemHeightAuto = false;
@@ -96,13 +94,11 @@ QWidget* makeLists() {
         list->owned().setItemText(0, "A text that takes a second line");
         constexpr std::array kNames = {"Wrapped, left", "Wrapped, centred", "Wrapped, right"};
         const auto place = static_cast<int>(alignment);
-        grid->addWidget(captioned(kNames[static_cast<std::size_t>(place)], list), 2, place);
+        grid.addWidget(captioned(kNames[static_cast<std::size_t>(place)], list), 2, place);
     }
     ucCoolListProperties hover = listLook(ListLook::Solid);
     hover.HoverSelection = true;
-    grid->addWidget(captioned("Follows the mouse", makeList(hover)), 2, 3);
-    grid->setColumnStretch(4, 1);
-    return section;
+    grid.addWidget(captioned("Follows the mouse", makeList(hover)), 2, 3);
 }
 
 }  // namespace mobrel::gallery

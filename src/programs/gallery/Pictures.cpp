@@ -5,10 +5,6 @@ namespace mobrel::gallery {
 
 namespace {
 
-constexpr Color rgb(unsigned red, unsigned green, unsigned blue) {
-    return red | green << 8 | blue << 16;
-}
-
 /// What `draw` makes of a picture of that size.
 template <typename Draw>
 std::shared_ptr<const ControlPicture> drawn(int width, int height, Draw&& draw) {

@@ -78,31 +78,25 @@ void drawFrameLater(OwningControlWidget<ucCanvas>* widget) {
 
 }  // namespace
 
-QWidget* makeSliders() {
+void addSliders(QGridLayout& grid) {
     constexpr std::array kRails = {std::pair("Sunken", SliderRail::Sunken),
                                    std::pair("Raised", SliderRail::Raised),
                                    std::pair("Sunken, thin", SliderRail::SunkenOuter),
                                    std::pair("Raised, thin", SliderRail::RaisedInner),
                                    std::pair("No edge", SliderRail::NoEdge),
                                    std::pair("Picture", SliderRail::Picture)};
-    auto* const section = new QWidget;
-    QGridLayout* const grid = gridIn(section);
     int place = 0;
     for (const auto& [name, rail] : kRails) {
         auto* const horizontal = makeSlider(SliderOrientation::Horizontal, rail);
         auto* const vertical = makeSlider(SliderOrientation::Vertical, rail);
         if (rail == SliderRail::Raised) showFocused(*horizontal, horizontal->owned());
-        grid->addWidget(captioned(name, horizontal), place / 2, place % 2);
-        grid->addWidget(captioned(name, vertical), 0, 2 + place, 3, 1);
+        grid.addWidget(captioned(name, horizontal), place / 2, place % 2);
+        grid.addWidget(captioned(name, vertical), 0, 2 + place, 3, 1);
         ++place;
     }
-    grid->setColumnStretch(grid->columnCount(), 1);
-    return section;
 }
 
-QWidget* makeProgressBars() {
-    auto* const section = new QWidget;
-    QGridLayout* const grid = gridIn(section);
+void addProgressBars(QGridLayout& grid) {
     constexpr std::array kBorders = {"No border", "Thin", "Sunken"};
     for (int border = 0; border < 3; ++border) {
         for (const int value : {0, 40, 100}) {
@@ -112,50 +106,38 @@ QWidget* makeProgressBars() {
             widget->owned().setValue(value);
             const QString name =
                 QString("%1, %2 %").arg(kBorders[static_cast<std::size_t>(border)]).arg(value);
-            grid->addWidget(captioned(name, widget), border, value / 40);
+            grid.addWidget(captioned(name, widget), border, value / 40);
         }
     }
-    grid->setColumnStretch(3, 1);
-    return section;
 }
 
-QWidget* makeCanvases() {
-    auto* const section = new QWidget;
-    QGridLayout* const grid = gridIn(section);
-    grid->addWidget(captioned("Zoom 1", makeCanvas(1)), 0, 0);
-    grid->addWidget(captioned("Zoom 3", makeCanvas(3)), 0, 1);
+void addCanvases(QGridLayout& grid) {
+    grid.addWidget(captioned("Zoom 1", makeCanvas(1)), 0, 0);
+    grid.addWidget(captioned("Zoom 3", makeCanvas(3)), 0, 1);
     auto* const framed = makeFittedCanvas();
-    grid->addWidget(captioned("Fit mode, with a frame", framed), 0, 2);
+    grid.addWidget(captioned("Fit mode, with a frame", framed), 0, 2);
     drawFrameLater(framed);
     auto* const enlarged = makeCanvas(8);
-    grid->addWidget(captioned("Zoom 8, with a frame", enlarged), 1, 0);
+    grid.addWidget(captioned("Zoom 8, with a frame", enlarged), 1, 0);
     drawFrameLater(enlarged);
     auto* const picking = makeCanvas(2);
     picking->owned().setWorkMode(ucCanvas::kPickColorMode);
-    grid->addWidget(captioned("Zoom 2, picks a colour", picking), 1, 1);
-    grid->addWidget(captioned("No picture", makeEmptyCanvas()), 1, 2);
-    grid->setColumnStretch(3, 1);
-    return section;
+    grid.addWidget(captioned("Zoom 2, picks a colour", picking), 1, 1);
+    grid.addWidget(captioned("No picture", makeEmptyCanvas()), 1, 2);
 }
 
-QWidget* makeTips() {
-    auto* const section = new QWidget;
-    QGridLayout* const grid = gridIn(section);
+void addTips(QGridLayout& grid) {
     int column = 0;
     for (const char* const text : {"0", "-12", "100 %", "A longer tip"}) {
         auto* const tip = new OwningControlWidget<frmValueTip>;
         tip->owned().setLblTip(text);
         tip->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
         tip->setAccessibleName(text);
-        grid->addWidget(tip, 0, column++, Qt::AlignLeft);
+        grid.addWidget(tip, 0, column++, Qt::AlignLeft);
     }
-    grid->setColumnStretch(column, 1);
-    return section;
 }
 
-QWidget* makePointers() {
-    auto* const section = new QWidget;
-    QGridLayout* const grid = gridIn(section);
+void addPointers(QGridLayout& grid) {
     constexpr std::array kPointers = {std::pair("Over a picture to drag", Cursor::HandOver),
                                       std::pair("Dragging", Cursor::HandCatch),
                                       std::pair("Picking a colour", Cursor::PickColor)};
@@ -164,10 +146,8 @@ QWidget* makePointers() {
         auto* const picture = new QLabel;
         picture->setCursor(qtCursor(cursor, picture->devicePixelRatioF()));
         picture->setPixmap(picture->cursor().pixmap());
-        grid->addWidget(captioned(name, picture), 0, column++);
+        grid.addWidget(captioned(name, picture), 0, column++);
     }
-    grid->setColumnStretch(column, 1);
-    return section;
 }
 
 QWidget* makeInfo() {

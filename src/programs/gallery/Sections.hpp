@@ -1,17 +1,20 @@
 // SPDX-License-Identifier: MIT
-// The parts of the gallery, one a kind of control.
+// The sections of the gallery, one a kind of control.
 #pragma once
 
+#include <QGridLayout>
 #include <QWidget>
 
 namespace mobrel::gallery {
 
-QWidget* makeLists();
-QWidget* makeSliders();
-QWidget* makeProgressBars();
-QWidget* makeCanvases();
-QWidget* makeTips();
-QWidget* makePointers();
+void addLists(QGridLayout& grid);
+void addSliders(QGridLayout& grid);
+void addProgressBars(QGridLayout& grid);
+void addCanvases(QGridLayout& grid);
+void addTips(QGridLayout& grid);
+void addPointers(QGridLayout& grid);
+
+/// The status bar.
 QWidget* makeInfo();
 
 }  // namespace mobrel::gallery
