@@ -2,6 +2,7 @@
 // The list control: rows with an icon and a text, in seven looks.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>

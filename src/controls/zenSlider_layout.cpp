@@ -54,12 +54,9 @@ void zenSlider::requestFittingSize() {
             isHorizontal() ? railPictureWidth() + margins : std::max(railPictureWidth(), knobWidth());
         outerHeight =
             isHorizontal() ? std::max(railPictureHeight(), knobHeight()) : railPictureHeight() + margins;
-    } else if (isHorizontal()) {
-        if (outerWidth == 0) outerWidth = knobWidth();
-        outerHeight = knobHeight();
     } else {
-        if (outerHeight == 0) outerHeight = knobHeight();
-        outerWidth = knobWidth();
+        if (!isHorizontal() || outerWidth == 0) outerWidth = knobWidth();
+        if (isHorizontal() || outerHeight == 0) outerHeight = knobHeight();
     }
     requestSize(outerWidth, outerHeight);
 }
