@@ -4,31 +4,23 @@
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "desktop/Boundary.hpp"
 #include "desktop/ControlWidget.hpp"
 #include "desktop/QtValues.hpp"
+#include "platform/base/Lookup.hpp"
 
 namespace mobrel {
 
 namespace {
 
-QAccessible::Role qtRole(AccessibleRole role) {
-    switch (role) {
-        case AccessibleRole::Graphic:
-            return QAccessible::Graphic;
-        case AccessibleRole::List:
-            return QAccessible::List;
-        case AccessibleRole::ProgressBar:
-            return QAccessible::ProgressBar;
-        case AccessibleRole::Slider:
-            return QAccessible::Slider;
-        case AccessibleRole::StatusBar:
-            return QAccessible::StatusBar;
-    }
-    return QAccessible::Client;
-}
+constexpr std::pair<AccessibleRole, QAccessible::Role> kRoles[] = {
+    {AccessibleRole::Graphic, QAccessible::Graphic},         {AccessibleRole::List, QAccessible::List},
+    {AccessibleRole::ProgressBar, QAccessible::ProgressBar}, {AccessibleRole::Slider, QAccessible::Slider},
+    {AccessibleRole::StatusBar, QAccessible::StatusBar},
+};
 
 /// One row of a list.
 class ItemAccessible final : public QAccessibleInterface, public QAccessibleActionInterface {
@@ -89,7 +81,8 @@ class ItemAccessible final : public QAccessibleInterface, public QAccessibleActi
 class ControlAccessible final : public QAccessibleWidget, public QAccessibleValueInterface {
  public:
     explicit ControlAccessible(ControlWidget& widget)
-        : QAccessibleWidget(&widget, qtRole(widget.control().accessibleRole())), m_widget(widget) {}
+        : QAccessibleWidget(&widget, valueIn(kRoles, widget.control().accessibleRole(), QAccessible::Client)),
+          m_widget(widget) {}
     ~ControlAccessible() override {
         for (QAccessibleInterface* const item : m_items) {
             if (item != nullptr) QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(item));

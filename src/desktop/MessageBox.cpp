@@ -3,42 +3,31 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <utility>
 
 #include "desktop/QtValues.hpp"
 #include "desktop/RunningEvents.hpp"
+#include "platform/base/Lookup.hpp"
 
 namespace mobrel {
 
 namespace {
 
-QMessageBox::Icon qtIcon(MessageIcon icon) {
-    switch (icon) {
-        case MessageIcon::Exclamation:
-            return QMessageBox::Warning;
-        case MessageIcon::Question:
-            return QMessageBox::Question;
-        case MessageIcon::Critical:
-            return QMessageBox::Critical;
-    }
-    return QMessageBox::NoIcon;
-}
+constexpr std::pair<MessageIcon, QMessageBox::Icon> kIcons[] = {
+    {MessageIcon::Exclamation, QMessageBox::Warning},
+    {MessageIcon::Question, QMessageBox::Question},
+    {MessageIcon::Critical, QMessageBox::Critical},
+};
+
+constexpr std::pair<int, MessageAnswer> kAnswers[] = {
+    {QMessageBox::Ok, MessageAnswer::Ok},
+    {QMessageBox::Yes, MessageAnswer::Yes},
+    {QMessageBox::No, MessageAnswer::No},
+};
 
 QMessageBox::StandardButtons qtButtons(MessageButtons buttons) {
     if (buttons == MessageButtons::Ok) return QMessageBox::Ok;
     return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
-}
-
-MessageAnswer answerOf(int button) {
-    switch (button) {
-        case QMessageBox::Ok:
-            return MessageAnswer::Ok;
-        case QMessageBox::Yes:
-            return MessageAnswer::Yes;
-        case QMessageBox::No:
-            return MessageAnswer::No;
-        default:
-            return MessageAnswer::Cancel;
-    }
 }
 
 /// An hourglass that a command has set does not stand over its question.
@@ -57,12 +46,12 @@ MessageAnswer showMessage(std::string_view text, MessageIcon icon, MessageButton
     box.setWindowTitle(QApplication::applicationDisplayName());
     box.setTextFormat(Qt::PlainText);
     box.setText(qtText(text));
-    box.setIcon(qtIcon(icon));
+    box.setIcon(valueIn(kIcons, icon, QMessageBox::NoIcon));
     box.setStandardButtons(qtButtons(buttons));
     box.setDefaultButton(buttons == MessageButtons::Ok ? QMessageBox::Ok : QMessageBox::Yes);
     const ArrowPointer arrow;
     const RunningEvents running;
-    return answerOf(box.exec());
+    return valueIn(kAnswers, box.exec(), MessageAnswer::Cancel);
 }
 
 }  // namespace mobrel

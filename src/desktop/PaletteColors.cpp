@@ -3,51 +3,39 @@
 
 #include <QGuiApplication>
 #include <QPalette>
+#include <utility>
 
 #include "desktop/QtValues.hpp"
+#include "platform/base/Lookup.hpp"
 
 namespace mobrel {
 
 namespace {
 
-QColor paletteColor(const QPalette& palette, SystemColor index) {
-    switch (index) {
-        case SystemColor::Window:
-            return palette.color(QPalette::Active, QPalette::Base);
-        case SystemColor::WindowText:
-            return palette.color(QPalette::Active, QPalette::Text);
-        case SystemColor::ApplicationWorkspace:
-        case SystemColor::ButtonShadow:
-            return palette.color(QPalette::Active, QPalette::Dark);
-        case SystemColor::Highlight:
-            return palette.color(QPalette::Active, QPalette::Highlight);
-        case SystemColor::HighlightText:
-            return palette.color(QPalette::Active, QPalette::HighlightedText);
-        // Controls stand on windows in it, so it is what Qt paints windows with, and not buttons.
-        case SystemColor::ButtonFace:
-            return palette.color(QPalette::Active, QPalette::Window);
-        case SystemColor::ButtonText:
-            return palette.color(QPalette::Active, QPalette::WindowText);
-        case SystemColor::GrayText:
-            return palette.color(QPalette::Disabled, QPalette::Text);
-        case SystemColor::ButtonHighlight:
-            return palette.color(QPalette::Active, QPalette::Light);
-        case SystemColor::DarkShadow3D:
-            return palette.color(QPalette::Active, QPalette::Shadow);
-        case SystemColor::Light3D:
-            return palette.color(QPalette::Active, QPalette::Midlight);
-        case SystemColor::InfoText:
-            return palette.color(QPalette::Active, QPalette::ToolTipText);
-        case SystemColor::InfoBackground:
-            return palette.color(QPalette::Active, QPalette::ToolTipBase);
-    }
-    return Qt::black;
-}
+using enum SystemColor;
+constexpr std::pair<SystemColor, QPalette::ColorRole> kRoles[] = {
+    {Window, QPalette::Base},
+    {WindowText, QPalette::Text},
+    {ApplicationWorkspace, QPalette::Dark},
+    {ButtonShadow, QPalette::Dark},
+    {Highlight, QPalette::Highlight},
+    {HighlightText, QPalette::HighlightedText},
+    // Controls stand on windows in it, so it is what Qt paints windows with, and not buttons.
+    {ButtonFace, QPalette::Window},
+    {ButtonText, QPalette::WindowText},
+    {GrayText, QPalette::Text},
+    {ButtonHighlight, QPalette::Light},
+    {DarkShadow3D, QPalette::Shadow},
+    {Light3D, QPalette::Midlight},
+    {InfoText, QPalette::ToolTipText},
+    {InfoBackground, QPalette::ToolTipBase},
+};
 
 }  // namespace
 
 Color PaletteColors::color(SystemColor index) const {
-    return coreColor(paletteColor(QGuiApplication::palette(), index));
+    const auto group = index == GrayText ? QPalette::Disabled : QPalette::Active;
+    return coreColor(QGuiApplication::palette().color(group, valueIn(kRoles, index, QPalette::WindowText)));
 }
 
 }  // namespace mobrel

@@ -1,11 +1,39 @@
 // SPDX-License-Identifier: MIT
 #include "platform/base/RuntimeError.hpp"
 
+#include <utility>
+
+#include "platform/base/Lookup.hpp"
+
 namespace mobrel {
 
 namespace {
 
 ErrorPolicy g_errorPolicy = ErrorPolicy::EndRun;
+
+using enum ErrorNumber;
+constexpr std::pair<ErrorNumber, const char*> kTexts[] = {
+    {InvalidCall, "Invalid procedure call or argument"},
+    {Overflow, "Overflow"},
+    {OutOfMemory, "Out of memory"},
+    {SubscriptOutOfRange, "Subscript out of range"},
+    {DivisionByZero, "Division by zero"},
+    {TypeMismatch, "Type mismatch"},
+    {LibraryNotLoaded, "Error in loading DLL"},
+    {BadFileName, "Bad file name or number"},
+    {FileNotFound, "File not found"},
+    {FileAlreadyOpen, "File already open"},
+    {DeviceIoError, "Device I/O error"},
+    {DiskFull, "Disk full"},
+    {TooManyFiles, "Too many files"},
+    {PermissionDenied, "Permission denied"},
+    {PathFileAccess, "Path/File access error"},
+    {PathNotFound, "Path not found"},
+    {ObjectNotSet, "Object variable or With block variable not set"},
+    {InvalidPropertyValue, "Invalid property value"},
+    {InvalidPropertyIndex, "Invalid property array index"},
+    {InvalidPicture, "Invalid picture"},
+};
 
 }  // namespace
 
@@ -18,49 +46,7 @@ ErrorPolicy errorPolicy() noexcept {
 }
 
 const char* errorText(ErrorNumber number) noexcept {
-    switch (number) {
-        case ErrorNumber::InvalidCall:
-            return "Invalid procedure call or argument";
-        case ErrorNumber::Overflow:
-            return "Overflow";
-        case ErrorNumber::OutOfMemory:
-            return "Out of memory";
-        case ErrorNumber::SubscriptOutOfRange:
-            return "Subscript out of range";
-        case ErrorNumber::DivisionByZero:
-            return "Division by zero";
-        case ErrorNumber::TypeMismatch:
-            return "Type mismatch";
-        case ErrorNumber::LibraryNotLoaded:
-            return "Error in loading DLL";
-        case ErrorNumber::BadFileName:
-            return "Bad file name or number";
-        case ErrorNumber::FileNotFound:
-            return "File not found";
-        case ErrorNumber::FileAlreadyOpen:
-            return "File already open";
-        case ErrorNumber::DeviceIoError:
-            return "Device I/O error";
-        case ErrorNumber::DiskFull:
-            return "Disk full";
-        case ErrorNumber::TooManyFiles:
-            return "Too many files";
-        case ErrorNumber::PermissionDenied:
-            return "Permission denied";
-        case ErrorNumber::PathFileAccess:
-            return "Path/File access error";
-        case ErrorNumber::PathNotFound:
-            return "Path not found";
-        case ErrorNumber::ObjectNotSet:
-            return "Object variable or With block variable not set";
-        case ErrorNumber::InvalidPropertyValue:
-            return "Invalid property value";
-        case ErrorNumber::InvalidPropertyIndex:
-            return "Invalid property array index";
-        case ErrorNumber::InvalidPicture:
-            return "Invalid picture";
-    }
-    return "Application-defined or object-defined error";
+    return valueIn(kTexts, number, "Application-defined or object-defined error");
 }
 
 }  // namespace mobrel

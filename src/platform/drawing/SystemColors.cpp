@@ -1,38 +1,38 @@
 // SPDX-License-Identifier: MIT
 #include "platform/drawing/SystemColors.hpp"
 
+#include <utility>
+
+#include "platform/base/Lookup.hpp"
+
 namespace mobrel {
 
 namespace {
 
 const SystemColors* installed = nullptr;
 
-Color classicColor(SystemColor index) {
-    switch (index) {
-        case SystemColor::Window:
-        case SystemColor::HighlightText:
-        case SystemColor::ButtonHighlight:
-            return rgb(255, 255, 255);
-        case SystemColor::WindowText:
-        case SystemColor::ButtonText:
-        case SystemColor::InfoText:
-            return rgb(0, 0, 0);
-        case SystemColor::ApplicationWorkspace:
-        case SystemColor::ButtonShadow:
-        case SystemColor::GrayText:
-            return rgb(128, 128, 128);
-        case SystemColor::Highlight:
-            return rgb(10, 36, 106);
-        case SystemColor::ButtonFace:
-        case SystemColor::Light3D:
-            return rgb(212, 208, 200);
-        case SystemColor::DarkShadow3D:
-            return rgb(64, 64, 64);
-        case SystemColor::InfoBackground:
-            return rgb(255, 255, 225);
-    }
-    return 0;
-}
+constexpr Color kBlack = rgb(0, 0, 0);
+constexpr Color kGrey = rgb(128, 128, 128);
+constexpr Color kFace = rgb(212, 208, 200);
+constexpr Color kWhite = rgb(255, 255, 255);
+
+using enum SystemColor;
+constexpr std::pair<SystemColor, Color> kClassicColors[] = {
+    {Window, kWhite},
+    {HighlightText, kWhite},
+    {ButtonHighlight, kWhite},
+    {WindowText, kBlack},
+    {ButtonText, kBlack},
+    {InfoText, kBlack},
+    {ApplicationWorkspace, kGrey},
+    {ButtonShadow, kGrey},
+    {GrayText, kGrey},
+    {Highlight, rgb(10, 36, 106)},
+    {ButtonFace, kFace},
+    {Light3D, kFace},
+    {DarkShadow3D, rgb(64, 64, 64)},
+    {InfoBackground, rgb(255, 255, 225)},
+};
 
 }  // namespace
 
@@ -41,7 +41,7 @@ void setSystemColors(const SystemColors* colors) {
 }
 
 Color GetSysColor(SystemColor index) {
-    return installed != nullptr ? installed->color(index) : classicColor(index);
+    return installed != nullptr ? installed->color(index) : valueIn(kClassicColors, index, kBlack);
 }
 
 Color OleTranslateColor(std::uint32_t value) {
