@@ -23,7 +23,7 @@ std::optional<std::string_view> valueOf(std::string_view argument, std::string_v
 std::optional<Size> sizeOf(std::string_view text);
 
 /// Takes --size=WxH, which may come several times, and --rounds=N. Nothing for another argument, false for a
-/// value that is none.
+/// value that cannot be read.
 std::optional<bool> takeArgument(std::string_view argument, Measure& measure);
 
 }  // namespace mobrel::bench

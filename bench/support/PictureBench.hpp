@@ -33,8 +33,8 @@ struct PictureOperation {
 
 /// Adds a row. A round copies the photo-like picture, runs the operation on the copy and compares size and
 /// bytes; copy, operation and the nearest operations of other libraries are timed apart, in turn, so all see
-/// the same machine. A row whose bytes are wrong, or
-/// whose operation throws, ends in an error. 0 rounds stand for as many as the size deserves.
+/// the same machine. A row whose bytes are wrong, or whose operation throws, ends in an error. 0 rounds stand
+/// for as many as the size deserves.
 void addPictureBench(const PictureOperation& operation, const Size& size, int rounds);
 
 }  // namespace mobrel::bench

@@ -19,7 +19,7 @@ void ucCanvas::press(std::int16_t button, std::int16_t shift, const ViewPlace& p
     const Point view = rounded(place);
     const Point inPicture = toImage(view);
     if (hasPicture()) pressPicture(button, view, inPicture);
-    // The place is that in the picture that was pressed, not in one that the menu has cut since.
+    // The place is told in the picture as it was pressed: the menu may have cut it meanwhile.
     MouseDown.raise(button, shift, inPicture.x, inPicture.y);
 }
 

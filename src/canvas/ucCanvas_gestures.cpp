@@ -35,8 +35,8 @@ void ucCanvas::pointerReleased(const PointerInput& input) {
     if (isForView && (m_isEnabled || m_mouseIsDown)) release(input);
 }
 
-/// What the second press of a double click is told as. With another button than the left it is a press like
-/// any other. The margin passes a double click over.
+/// Stands in for the second press of a double click. With another button than the left it is a press like any
+/// other. The margin ignores a double click.
 void ucCanvas::pointerDoubleClicked(const PointerInput& input) {
     if (input.button != MouseButton::kLeft) return pointerPressed(input);
     if (!m_isEnabled || !isOverView(input)) return;

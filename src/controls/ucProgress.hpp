@@ -13,7 +13,7 @@
 
 namespace mobrel {
 
-/// The border, as a part of the control's own image. Other numbers are none.
+/// The border, as a part of the control's own image. Any other number draws none.
 enum class ProgressBorder : std::int32_t { None = 0, Thin = 1, Sunken = 2 };
 
 class ucProgress : public Control {

@@ -11,7 +11,7 @@ namespace mobrel {
 /// The font at a display scale.
 QFont qtFont(const TextFont& font, double scale);
 
-/// DrawTextA by Qt. "&" is a character as others are. Needs a QGuiApplication.
+/// DrawTextA by Qt. "&" is a character like any other. Needs a QGuiApplication.
 class FontText final : public TextService {
  public:
     int lineHeight(const TextFont& font, double scale) const override;

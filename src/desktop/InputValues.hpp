@@ -10,7 +10,7 @@
 
 namespace mobrel {
 
-/// Their sum, without those that the platform has no number for.
+/// The sum of the buttons' numbers, without those that the platform has none for.
 std::int16_t mouseButtons(Qt::MouseButtons buttons);
 
 /// A press or release has its button, kNone when the platform has no number for it, a move all that are down.

@@ -57,7 +57,7 @@ const std::array<FilterTableEntry, 28> kFilterTable = {{
     {"Negative", bySliders<&Filter::Negative>},
     {"Noise", bySliders<&Filter::Noise, 0, 1>, {{{"Amount", 0, 200, 0}, {"Step", 1, 10, 1}}}},
     {"Outline", bySliders<&Filter::Outline, 0, 1>, {{{"Level", -100, 100, 0}, {"Shift", -50, 50, 0}}}},
-    // kept: as it has always been spelled
+    // kept: users know the list's spelling
     {"Pixelaze", bySliders<&Filter::Pixelize, 0>, {{{"Pixel size", 1, 25, 1}}}},
     {"Relieve", bySliders<&Filter::Relieve, 0>, {{{"Level", 1, 100, 1}}}},
     {"Replace HS",

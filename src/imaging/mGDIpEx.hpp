@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The link to the picture formats that are no BMP, and the scaling of high quality.
+// The picture formats other than BMP, and scaling of high quality.
 #pragma once
 
 #include <memory>
@@ -27,7 +27,7 @@ void writePicture(FileWriter& file, const cDIB& DIB, ImageFormat format, int qua
 bool SaveDIB(const cDIB& DIB, const std::string& FileName, ImageFormat Format, int Quality);
 
 /// Gives the surface another size: by high-quality bicubic, or each pixel from its nearest. False when
-/// the surface is empty, the size is none that a surface can have or memory is short, and then it stays
+/// the surface is empty, no surface can have the size, or memory is short, and then it stays
 /// as it was. Bicubic throws as codecs() does.
 bool StretchDIB(cDIB& DIB, int NewWidth, int NewHeight, bool HighQuality);
 

@@ -38,8 +38,8 @@ class fMain {
     fMain(const fMain&) = delete;
     fMain& operator=(const fMain&) = delete;
 
-    /// Start-up: opens temp.bmp, makes the objects, runs the task that config.ini asks for. An editor's
-    /// leaves the first and the last out.
+    /// Start-up: opens temp.bmp, makes the objects, runs the task that config.ini asks for. For an editor the
+    /// first and the last are left out.
     void Load(Start start = Start::Host);
     /// The end: copies the picture to the clipboard, writes it to the file that MOBREL_RESULT names, writes
     /// the settings, clears the undo store, unloads the views, releases the objects. Nothing for a window

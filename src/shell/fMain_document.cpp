@@ -69,7 +69,7 @@ void fMain::pvSave() {
     pvRefreshFileCaption();
 }
 
-/// No desktop has the dialog yet, and each tells so: there is no answer to save by.
+/// No desktop has the dialog, and each says so: there is never an answer to save by.
 void fMain::pvSaveAs() {
     m_desktop.windows->askForFile(*this,
                                   {.title = "Save as", .fileName = LastFilename, .filter = kSaveTypes});
@@ -106,7 +106,7 @@ std::unique_ptr<StdPicture> fMain::pvLoadPictureFile(const std::string& path) {
     return picture;
 }
 
-/// What is in the document may go away for a paste.
+/// Whether a paste may replace the document.
 bool fMain::isPasteAllowed() {
     const bool isChanged = Canvas.DIB.hDIB() != nullptr && m_undoPos > 1 && !Saved;
     if (!isChanged) return true;

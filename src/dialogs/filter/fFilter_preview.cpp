@@ -75,7 +75,7 @@ void fFilter::cmdApplyClicked() {
     const bool isEndOfRun = main().Rules.dialogEndsRun;
     done(Accepted);
     if (!isEndOfRun) return;
-    // kept: the main window is another one now, without a file, so that this Save is a fatal error. The
+    // kept: Global() makes another main window, without a file, so that this Save is a fatal error. The
     // result is on the clipboard, and temp.bmp stays as it was.
     fMain::Global().mnuFiles(1);
     fMain::Global().Unload();

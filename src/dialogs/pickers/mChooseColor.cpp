@@ -29,7 +29,7 @@ constexpr int qtIndex(int index) {
 }
 
 /// Qt has one set of custom colours, and a dialog that goes away stores it in the user's files, for the
-/// dialogs of all programs. While this lives, which is less long than the dialog, the set is ours.
+/// dialogs of all programs. While this lives, which ends before the dialog does, the set is ours.
 class OwnCustomColors {
  public:
     OwnCustomColors() {

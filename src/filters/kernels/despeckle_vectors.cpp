@@ -36,7 +36,7 @@ HWY_INLINE V up(V p, V limit) {
     return hn::Min(hn::Max(p, limit), more(p));
 }
 
-/// A limit that saturates is one that no byte passes, as the neighbour it comes from asks.
+/// A limit that saturates is one that no byte passes, as the neighbour it comes from demands.
 struct Despeckle {
     template <class V>
     HWY_INLINE V operator()(V p, V a, V b) const {

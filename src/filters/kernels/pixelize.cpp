@@ -12,10 +12,10 @@ namespace mobrel::kernels {
 
 namespace {
 
-/// So many pixels are written at once.
+/// Pixels that are written at once.
 constexpr int kCopied = 4;
 
-/// So many rows are read at once; that many bytes are no sum that leaves 16 bits.
+/// Rows that are read at once; the sum of as many bytes fits 16 bits.
 constexpr int kRowsAtOnce = 16;
 
 /// The sum of each column of bytes over a few rows.

@@ -254,8 +254,8 @@ HWY_INLINE void passAlone(Front& front, Block& block, int step, CarriedErrors<Va
     block.store(step);
 }
 
-/// Takes wavefronts through one or two bands. The second one follows a block behind the first, which it waits
-/// for no longer: while the one's step goes its way through the processor, the other's does too.
+/// Takes wavefronts through one or two bands. The second one follows a block behind the first, so neither
+/// waits for the other: the processor works on a step of each at the same time.
 template <class Front, class Rule, typename Value>
 HWY_INLINE void passBands(std::span<RowBand> bands, const Rule& rule, CarriedErrors<Value>& errors) {
     RowBand& leading = bands.front();

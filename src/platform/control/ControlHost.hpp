@@ -104,7 +104,7 @@ class ControlHost {
     virtual bool isWindowMaximized() const = 0;
     virtual void startWindowSizing() = 0;
 
-    /// Tells assistive programs that value, selection or content are no longer what they were.
+    /// Tells assistive programs that value, selection or content have changed.
     virtual void accessibleChanged() = 0;
 };
 

@@ -49,7 +49,7 @@ struct Repetition {
     std::size_t whole;
 };
 
-/// Nothing where the map is none.
+/// Nothing where the map is not one.
 std::optional<Repetition> repetitionOf(const AxisMap& map);
 
 }  // namespace mobrel

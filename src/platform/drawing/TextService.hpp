@@ -18,7 +18,7 @@ struct TextFont {
     bool operator==(const TextFont&) const = default;
 };
 
-/// The platform's flags of DrawTextA, which may be joined. Left, top and wrapping nothing is 0.
+/// The platform's flags of DrawTextA, which may be joined. 0 is left, top and no wrapping.
 enum DrawTextFlags : unsigned {
     DT_LEFT = 0,
     DT_CENTER = 1,

@@ -74,7 +74,7 @@ class RlePen {
             for (int i = 0; i < count; ++i) putNibble(row, column + i, nibble(values[i / 2], i));
         }
         m_column += count;
-        m_input.skip(bytes % 2);  // where this byte is missing, so is the next code
+        m_input.skip(bytes % 2);  // a file that lacks this byte lacks the next code as well
     }
 
     // The even pixels of a code are in the high half of its bytes.

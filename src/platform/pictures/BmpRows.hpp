@@ -14,7 +14,7 @@ namespace mobrel {
 [[noreturn]] void failInRow(std::int64_t row, const BmpHeader& header);
 
 /// Throws PictureError when the rows need more than `available` bytes. The padding behind the last row is
-/// no need.
+/// not needed.
 void checkRowBytes(const BmpHeader& header, std::uint64_t available);
 
 /// Fills the picture's pixels, which have the header's size, and its index map. Memory of the map is taken

@@ -54,7 +54,7 @@ class Windows {
     virtual bool showPrint(fMain& main) = 0;
     virtual bool showProperties(fMain& main) = 0;
     virtual bool showAbout(fMain& main) = 0;
-    /// The file dialog with a preview. Nothing on cancel, too.
+    /// The file dialog with a preview. Nothing on cancel as well.
     virtual std::optional<FileAnswer> askForFile(fMain& main, const FileQuestion& question) = 0;
 
     /// The mouse pointer of the screen: an hourglass, or back to normal.

@@ -70,7 +70,7 @@ class AsideFile {
             m_name.clear();
             return;
         }
-        // Some file systems cannot do it in one; a second name is refused where there is one, too.
+        // Some file systems cannot do it in one; a second name, too, is refused where there is one.
         if (errno != EINVAL && errno != ENOSYS) throwErrno(errno);
         if (::link(name, m_target.c_str()) != 0) throwErrno(errno);
     }

@@ -207,7 +207,7 @@ void FileWriter::flush() {
 
 void FileWriter::sync() {
     flush();
-    // A file system without such a thing says EINVAL.
+    // A file system that cannot do it says EINVAL.
     if (::fdatasync(m_descriptor.get()) != 0 && errno != EINVAL) throwErrno(errno);
 }
 

@@ -34,7 +34,7 @@ struct Contents {
     struct stat status = {};
 };
 
-// What is no regular file is of no use.
+// Only a regular file is read.
 Contents readProfile(const std::string& path) {
     Contents contents;
     const FileDescriptor file = openRegularFile(path);

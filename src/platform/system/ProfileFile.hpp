@@ -30,7 +30,7 @@ std::string GetPrivateProfileString(std::string_view section, std::string_view k
 /// mode stays, and so does a symbolic link to it. A value that is already there leaves the file
 /// untouched. Leading blanks of the value and outer blanks of the names are dropped.
 ///
-/// False when the file could not be written, in which case it is as it was. False, too, for what could
+/// False when the file could not be written, in which case it is as it was. Also false for what could
 /// not be read back: a line end or a zero byte in a name or the value, a key with '=' or with '[' as
 /// its first character, text that the file's encoding cannot hold.
 bool WritePrivateProfileString(std::string_view section, std::string_view key, std::string_view value,

@@ -29,7 +29,7 @@ class Display {
     Display& operator=(const Display&) = delete;
     ~Display() { xcb_disconnect(m_connection); }
 
-    /// False from when the server has gone, too. All requests are void then.
+    /// False also once the server has gone. Requests do nothing then.
     bool isConnected() const noexcept { return xcb_connection_has_error(m_connection) == 0; }
 
     xcb_connection_t* connection() const noexcept { return m_connection; }

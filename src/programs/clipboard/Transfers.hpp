@@ -15,7 +15,7 @@
 
 namespace mobrel::clipboard {
 
-/// The transfers that are under way. Each goes its own pace, told apart by window and property; one whose
+/// The transfers that are under way. Each has its own pace and is told by window and property; one whose
 /// window does not take the next piece within 10 seconds, or goes away, ends alone.
 ///
 /// Source: ICCCM 2.5, "Large Data Transfers", and 2.7.2, "INCR Properties".

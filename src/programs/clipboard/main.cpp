@@ -40,7 +40,7 @@ bool callerWaits(const FileDescriptor& caller) {
 
 void answer(FileDescriptor& caller, HolderAnswer answer) {
     const char byte = static_cast<char>(answer);
-    [[maybe_unused]] const ssize_t written = ::write(caller.get(), &byte, 1);  // nobody left is as good
+    [[maybe_unused]] const ssize_t written = ::write(caller.get(), &byte, 1);  // it may have gone
     caller.reset();
 }
 

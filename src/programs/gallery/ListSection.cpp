@@ -60,7 +60,7 @@ ucCoolListProperties listLook(ListLook look) {
     properties.ItemOffset = 1;
     properties.SelectionPicture = rowPicture();
     if (look == ListLook::Box) properties.BoxRadius = 8;
-    // A text that is read on the end of the gradient, too.
+    // A text that can also be read at the end of the gradient.
     if (look == ListLook::VerticalGradient || look == ListLook::HorizontalGradient)
         properties.FontSelected = properties.FontNormal;
     if (look == ListLook::Bold) properties.FontSelected = properties.FontNormal;

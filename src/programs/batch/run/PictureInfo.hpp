@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What --info tells of a picture, in the words of the properties window.
+// What --info tells of a picture.
 #pragma once
 
 #include <string>
