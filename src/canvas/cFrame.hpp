@@ -24,8 +24,8 @@ class cFrame {
     /// Moves the frame, also out of its area.
     void Offset(int xOffset, int yOffset);
 
-    /// Draws the outline in dashes of black and white, one pixel wide, moved by the offsets. Nothing without
-    /// a frame.
+    /// Draws the outline in dashes of black and white, one pixel wide at every display scale, moved by the
+    /// offsets. Nothing without a frame.
     void PaintToDC(DeviceContext& target, int xOffset, int yOffset) const;
     /// Takes the next of the eight phases of the dashes for the outlines to come.
     void RotateBrush();

@@ -74,7 +74,7 @@ class ucCanvas : public Control {
     Rect GetVisibleRect() const;
     /// Removes the crop frame, without a paint.
     void RemoveCropRectangle() { m_frame.Clear(); }
-    /// Reserved: nothing, without effect.
+    /// Reserved: gives nothing and has no effect.
     std::monostate GetPic() const { return {}; }
 
     /// A colour or a system colour. It fills the margin until the next layout.
@@ -106,7 +106,8 @@ class ucCanvas : public Control {
     void pointerReleased(const PointerInput& input) override;
     void pointerDoubleClicked(const PointerInput& input) override;
     /// Scrolls by 3 lines of 16 design pixels a notch, with Shift sideways; with Control it zooms
-    /// about the picture pixel under the pointer. Not in FitMode and not during a gesture.
+    /// about the picture pixel under the pointer, a level a notch. Not in FitMode, which has neither zoom nor
+    /// place, and not during a gesture, which keeps its own.
     void wheelTurned(const WheelInput& input) override;
     /// The arrows and the numeric plus and minus are the canvas's own.
     bool keyPressed(const KeyInput& input) override;

@@ -17,8 +17,8 @@ struct PaintSpan {
     int sourceSize;
 };
 
-/// The position goes from 0 to its maximum, in screen pixels. A picture that is enlarged beyond 2^31 - 1
-/// pixels scrolls as far as that.
+/// The position goes from 0 to its maximum, in screen pixels. Enlarged sizes are taken in 64 bits and end at
+/// 2^31 - 1: what lies beyond is out of reach.
 class ScrollAxis {
  public:
     std::int32_t position() const noexcept { return m_position; }

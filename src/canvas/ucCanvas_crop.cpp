@@ -20,7 +20,7 @@ Rect around(const Rect& a, const Rect& b) {
 
 }  // namespace
 
-/// Inverts; a second call takes it away.
+/// Inverts; a second call takes it away. So a paint while a frame is dragged draws it in place of the dashes.
 void ucCanvas::drawRubberBand(DeviceContext& target) {
     target.DrawFocusRect(m_rubberRect, lineWidth());
 }

@@ -10,7 +10,7 @@ namespace mobrel {
 namespace {
 
 /// The small letter of a capital that UTF-8 writes in two bytes, where that is two bytes as well: Latin,
-/// Greek and Cyrillic.
+/// Greek and Cyrillic, the same in every locale.
 char32_t lowerOf(char32_t letter) {
     const auto isIn = [letter](char32_t first, char32_t last) { return letter >= first && letter <= last; };
     if (isIn(0xC0, 0xDE) && letter != 0xD7) return letter + 0x20;
@@ -45,7 +45,7 @@ int ucCoolList::FindFirst(std::string_view Find, int Start, bool Exact) const {
     const std::string wanted = lowerCase(Find);
     for (int i = Start; i <= ListCount(); ++i) {
         const std::string text = lowerCase(m_items[static_cast<std::size_t>(i)].Text);
-        // nothing is found in an empty text, not even nothing
+        // nothing is found in an empty text, not even the empty text
         const std::size_t place = text.empty() ? std::string::npos : text.find(wanted);
         // kept: without Exact a text at the very start does not count
         if (place != std::string::npos && (place == 0) == Exact) return i;

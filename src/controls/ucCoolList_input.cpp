@@ -112,7 +112,7 @@ void ucCoolList::autoScroll() {
     if (!life.expired()) m_isAutoScrolling = false;
 }
 
-/// Milliseconds from step to step: the farther outside, the fewer.
+/// Milliseconds from step to step: the farther outside, in design pixels, the fewer.
 double ucCoolList::stepTime() const {
     const double above = m_mouseY / scale();
     const double below = (m_mouseY - static_cast<float>(surfaceHeight())) / scale();

@@ -21,7 +21,7 @@ constexpr int kTextRight = 1;
 constexpr int kInfoWidth = 100;
 constexpr int kZoomWidth = 64;
 
-/// Texts that the panes behind the first always show whole.
+/// Texts that the panes behind the first show whole in every font.
 constexpr const char* kUsualInfo = "4000x3000x24bpp";
 constexpr const char* kGreatestZoom = "10000%";
 

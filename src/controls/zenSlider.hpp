@@ -59,7 +59,8 @@ class zenSlider : public Control {
     SliderRail RailStyle() const noexcept { return m_railStyle; }
     void setRailStyle(SliderRail style);
 
-    /// The knob's picture, one picture pixel a design pixel; null is the knob that the slider draws itself.
+    /// The knob's picture, one picture pixel a design pixel as in the rail's, so that both fit the lines
+    /// around them at every display scale; null is the knob that the slider draws itself.
     const Picture& SliderIcon() const noexcept { return m_sliderIcon; }
     void setSliderIcon(Picture picture);
 

@@ -107,7 +107,7 @@ bool zenSlider::keyPressed(const KeyInput& input) {
 }
 
 void zenSlider::focusChanged(bool hasFocus) {
-    // The press that brings the focus follows at once, and takes the sign away again.
+    // Only the keyboard brings the sign: a press that brings the focus follows at once, and takes it away.
     showFocus(hasFocus);
 }
 

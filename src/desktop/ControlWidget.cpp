@@ -70,7 +70,8 @@ void ControlWidget::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     const std::optional<DeviceContext> picture = m_control.image();
     const QRect all(0, 0, picture ? picture->width() : 0, picture ? picture->height() : 0);
-    // What a picture leaves over that has less than whole Qt pixels, or is not there.
+    // A line that the picture leaves over at a broken scale, or all of a picture that is not there, gets the
+    // window's colour.
     if (all.size() != QSizeF(size()) * scale)
         painter.fillRect(rect().adjusted(-1, -1, 1, 1), palette().window());
     if (!picture) return;

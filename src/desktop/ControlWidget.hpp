@@ -9,8 +9,9 @@
 
 namespace mobrel {
 
-/// One pixel of the control's image is one device pixel, at every display scale. The control must outlive
-/// the widget. Its size hint is the size that the control asked for.
+/// One pixel of the control's image is one device pixel, at every display scale: at a broken one the control
+/// gets the whole device pixels inside the widget, and its picture begins at the nearest. The control must
+/// outlive the widget. Its size hint is the size that the control asked for.
 ///
 /// Every event of Qt that goes on into the control is a boundary for errors: see enterCore.
 class ControlWidget : public QWidget {

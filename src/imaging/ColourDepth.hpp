@@ -31,10 +31,11 @@ struct DepthDocument {
     std::uint8_t& BPP;
 };
 
-/// Runs a depth command; a number that is none does nothing. A colour command on a document whose
-/// palette is grey takes the even greys of that depth: colours that are gone cannot come back. Other
-/// palettes are fitted to a copy of at most 150 x 150 pixels, of at least 1 pixel a side.
-/// `hourglass` is called with true before a palette is fitted to the picture and with false after it.
+/// Runs a depth command, for fMain and for mobrel-batch alike; any other number does nothing. A colour
+/// command on a document whose palette is grey takes the even greys of that depth: colours that are gone
+/// cannot come back. Other palettes are fitted to a copy of at most 150 x 150 pixels, which keeps 1 pixel a
+/// side even of slim pictures. `hourglass` is called with true before a palette is fitted to the picture and
+/// with false after it.
 void changeDepth(DepthCommand command, const DepthDocument& document,
                  const std::function<void(bool)>& hourglass);
 

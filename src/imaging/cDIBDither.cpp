@@ -95,7 +95,7 @@ void toColours(RowBand& row, const std::vector<std::uint32_t>& table) {
     }
 }
 
-/// The sum of all plain greys, after each row of which summed(y) is called.
+/// The sum of all plain greys, which takes 64 bits in a large picture; summed(y) is called after each row.
 template <typename Summed>
 std::int64_t sumOfGreys(const cDIB& DIB, Summed summed) {
     std::int64_t sum = 0;
@@ -173,7 +173,7 @@ void cDIBDither::DitherToColorPalette(cDIB& DIB, const cDIBPal& Pal, bool Diffus
     ProgressEnd.raise();
 }
 
-/// kept: one event more than the rows, since the bar's way at a change of depth hangs on it.
+/// kept: one event more than the rows, by which the bar moves at a change of depth.
 void cDIBDither::DitherToTrueColor(const cDIB& DIB) {
     if (DIB.hDIB() == nullptr) return;
     for (int y = 0; y <= DIB.Height(); ++y) Progress.raise(y);

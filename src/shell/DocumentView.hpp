@@ -6,7 +6,7 @@
 
 namespace mobrel {
 
-/// Hears what becomes of the document while it stands in the list of fMain.
+/// Hears what becomes of the document while it stands in the list of fMain, which so needs to know no dialog.
 class DocumentView {
  public:
     DocumentView() = default;

@@ -63,8 +63,9 @@ fMain::fMain(Desktop desktop) : m_desktop(desktop) {
     connectCanvas();
 }
 
-/// kept: Open runs before the handle, the folder and the dither object exist. The first snapshot
-/// therefore goes to /b0000.dat, and a palette picture ends the program with error 91.
+/// kept: Open runs before the handle, the folder and the dither object exist. The first snapshot therefore
+/// goes to /b0000.dat, in the root that joinPath makes of no folder, and a palette picture ends the program
+/// with error 91. Hosts know both.
 void fMain::Load(Start start) {
     runCommand([&] {
         m_loaded = true;

@@ -62,8 +62,8 @@ struct ResizeSettings {
 /// The place is only written for a window in its normal state.
 void SaveMainSettings(const MainSettings& settings);
 
-// What the file does not have is the default, for a place the form's present one. Errors: 13 for a text where
-// a number stands, 6 for a number beyond 16 bits.
+// What the file does not have is the default, for a place the form's present one. A wrong file is told, not
+// guessed at. Errors: 13 for a text where a number stands, 6 for a number beyond 16 bits.
 
 WindowPlace LoadPanViewSettings(const WindowPlace& present);
 void SavePanViewSettings(const WindowPlace& place);

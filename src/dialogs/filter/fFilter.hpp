@@ -15,9 +15,12 @@ namespace mobrel {
 /// preview filters the document itself, always from the picture of the before pane; Apply makes what the
 /// document shows a step of its history. In a host's run the main window is unloaded with the dialog, however
 /// that is closed: it is the last thing that the run does.
+///
+/// The panes grow with the window. The after pane is then fitted anew, and shows the same values.
 class fFilter final : public DialogFrame, public DocumentView {
  public:
-    /// Errors: those of LoadFilterSettings, 380 for a check box that is neither 0, 1 nor 2.
+    /// Errors, which end the run before the dialog opens: those of LoadFilterSettings, 380 for a check box
+    /// that is neither 0, 1 nor 2.
     explicit fFilter(fMain& main, QWidget* parent = nullptr);
     ~fFilter() override;
 

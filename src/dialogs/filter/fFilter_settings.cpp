@@ -89,7 +89,7 @@ void fFilter::SetParam(std::size_t Index, const FilterSlider& slider) {
     control.setMin(slider.least);
     control.setMax(slider.greatest);
     control.setValue(slider.preset);
-    control.setOrientation(SliderOrientation::Horizontal);  // a new range alone does not move the knob
+    control.setOrientation(SliderOrientation::Horizontal);  // a range alone leaves the knob at another value
     m_form.placeSliders(Index + 1);
     for (std::size_t i = 0; i <= Index; ++i) m_form.fraParam[i]->show();
 }
@@ -143,7 +143,8 @@ void fFilter::colorClicked(std::size_t index) {
     parametersChanged();
 }
 
-/// The left button picks the colour to change from, any other the one to change to.
+/// The left button picks the colour to change from, any other the one to change to. A pointer that passes by
+/// without a button changes nothing.
 void fFilter::pickColor(std::int16_t button, std::int32_t x, std::int32_t y) {
     if (!m_form.chkPickColor->isChecked() || button == MouseButton::kNone) return;
     ColorLabel& label = *m_form.lblColor[button == MouseButton::kLeft ? 0 : 1];

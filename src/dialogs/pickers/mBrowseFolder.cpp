@@ -50,7 +50,7 @@ class FolderDialog final : public QFileDialog {
         showStatus();
         connect(findChild<QLineEdit*>("fileNameEdit"), &QLineEdit::textChanged, this,
                 [this] { noteSelection(); });
-        // When the view has followed, too. The dialog's own signal does not tell of Back and Forward.
+        // Queued, so that the view has followed. The dialog's own signal does not tell of Back and Forward.
         connect(
             findChild<QFileSystemModel*>(), &QFileSystemModel::rootPathChanged, this,
             [this] { selectOpenFolder(); }, Qt::QueuedConnection);
@@ -58,14 +58,14 @@ class FolderDialog final : public QFileDialog {
 
     QString selectedFolder() const { return QDir::cleanPath(selectedFiles().constFirst()); }
 
-    /// A folder that is gone is none to start from: then it is the user's own.
+    /// In place of a folder that is not there, starts at the user's own.
     void startAt(const QString& path) {
         setDirectory(QDir(path).exists() ? path : QDir::homePath());
         noteSelection();
     }
 
  private:
-    /// In place of the types of files, of which there is one.
+    /// Shows what is selected in place of the types of files, of which there is only one.
     void showStatus() {
         auto* const types = findChild<QWidget*>("fileTypeCombo");
         delete layout()->replaceWidget(types, &m_status);
@@ -73,7 +73,7 @@ class FolderDialog final : public QFileDialog {
         setLabelText(FileType, "Selected:");
     }
 
-    /// Qt leaves a name there that is of the folder before.
+    /// Qt leaves a name of the folder before there, which Choose would take or refuse.
     void selectOpenFolder() {
         findChild<QListView*>("listView")->clearSelection();
         findChild<QLineEdit*>("fileNameEdit")->clear();

@@ -67,8 +67,10 @@ class StretchTarget {
     virtual void SetStretchBltMode(StretchMode mode) = 0;
 };
 
-/// A 32-bit pixel target: a pointer, a size, a row order. It owns nothing; the memory must outlive it.
-/// Lines have a thickness in pixels; one below 1 counts as 1.
+/// A 32-bit pixel target: a pointer, a size, a row order. It owns nothing; the memory must outlive it. A part
+/// of a target is a target, so views draw into their place whatever the row order.
+///
+/// Lines have a thickness in pixels, so that nothing is blurred on fine displays; one below 1 counts as 1.
 class DeviceContext final : public StretchTarget {
  public:
     /// `bits` is width x height pixels of 4 bytes (blue, green, red, unused), rows unpadded.
@@ -90,11 +92,11 @@ class DeviceContext final : public StretchTarget {
     /// same surface, and the blocks may overlap.
     void BitBlt(int x, int y, int width, int height, const DeviceContext& source, int xSource, int ySource);
 
-    /// Nearest neighbour: destination pixel d of w takes source pixel ((2d + 1) * s - 1) div (2w), the
-    /// one under its centre, ties to the lower index; both axes, enlarging and shrinking, whatever
-    /// the stretch mode. Source and target may share memory: the result is that of reading the source
-    /// first. A move and a mirror of the whole surface work in place; any other such call copies the
-    /// block it reads, error 7 when memory is short.
+    /// Nearest neighbour, by one rule for views, copies and changes of size: destination pixel d of w takes
+    /// source pixel ((2d + 1) * s - 1) div (2w), the one under its centre, ties to the lower index; both
+    /// axes, enlarging and shrinking, whatever the stretch mode. Source and target may share memory: the
+    /// result is that of reading the source first. A move and a mirror of the whole surface work in place;
+    /// any other such call copies the block it reads, error 7 when memory is short.
     void StretchBlt(int x, int y, int width, int height, const DeviceContext& source, int xSource,
                     int ySource, int sourceWidth, int sourceHeight) override;
 
@@ -117,8 +119,8 @@ class DeviceContext final : public StretchTarget {
 
     /// Inverts every second pixel of the rectangle's outline, `thickness` pixels wide, so that a second call
     /// brings the picture back. The dots are squares of the thickness; the outline is walked from the top
-    /// right corner leftwards, down, right and up. An inverted rectangle is put in order first; one without
-    /// width or height draws nothing.
+    /// right corner leftwards, down, right and up, wherever the rectangle stands. An inverted rectangle is
+    /// put in order first; one without width or height draws nothing.
     void DrawFocusRect(const Rect& rect, int thickness = 1);
 
     /// Draws the border of a rectangle in the 3-D colours of the system: an outer and an inner ring, each

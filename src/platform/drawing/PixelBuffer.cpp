@@ -37,8 +37,9 @@ std::optional<PixelBuffer> PixelBuffer::create(int width, int height) noexcept {
     if (!isValidSize(width, height)) return std::nullopt;
     PixelBuffer buffer;
     const std::size_t bytes = static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4;
-    // The first touch of memory costs more than most filters do, and a tenth of that in huge pages.
-    // Pages that are never written take no memory, so a false claim of a size costs nothing.
+    // From 512 KiB up, pages of 2 MiB: the first touch of memory costs more than most filters do, and a tenth
+    // of that in huge pages. Pages that are never written take no memory, so a false claim of a size costs
+    // nothing.
     constexpr std::size_t kWorthHugePages = kHugePage / 4;
     if (bytes >= kWorthHugePages) {
         const std::size_t mapped = (bytes + kHugePage - 1) / kHugePage * kHugePage;

@@ -15,7 +15,7 @@ struct ReadOptions {
 };
 
 /// Throws PictureError for a size, as a header tells it, that no surface can hold or that has more pixels
-/// than the options allow. Sides of up to 2^31.
+/// than the options allow. To be called before any memory is taken. Sides of up to 2^31.
 void checkPictureSize(std::int64_t width, std::int64_t height, const ReadOptions& options);
 
 }  // namespace mobrel

@@ -118,7 +118,7 @@ class FileWriter {
     /// Writes what is pending and waits until all bytes are on the disk. Throws as write does.
     void sync();
 
-    /// Writes what is pending and closes. Throws as write does; the file is closed then, too.
+    /// Writes what is pending and closes. Throws as write does; the file is closed all the same.
     /// Closing again does nothing.
     void close();
 
@@ -139,11 +139,13 @@ void deleteFileIfPossible(const std::string& path) noexcept;
 void renameFileIfPossible(const std::string& from, const std::string& to) noexcept;
 
 /// Deletes the files of a folder whose names are `prefix`, exactly `digits` decimal digits and
-/// `suffix`, without regard to the case of ASCII letters. What cannot be deleted stays.
+/// `suffix`, without regard to the case of ASCII letters: the pattern of one running copy never matches the
+/// files of another. What cannot be deleted stays.
 void deleteMatchingFiles(const std::string& folder, const std::string& prefix, int digits,
                          const std::string& suffix);
 
-/// Folder and name with exactly one separator between them. The empty folder counts as the root.
+/// Folder and name with exactly one separator between them, however many there were. The empty folder counts
+/// as the root.
 std::string joinPath(std::string_view folder, std::string_view name);
 
 /// The folder of a path, with the separator at its end; "." for a bare name.

@@ -11,12 +11,12 @@ namespace mobrel {
 /// A number of ten digits that no other running copy has.
 std::int32_t uniqueProcessHandle();
 
-/// Makes writes to a pipe without a reader, and beyond the limit of a file's size, fail with an error
-/// instead of ending the process.
+/// Makes writes to a pipe without a reader (SIGPIPE), and beyond the limit of a file's size (SIGXFSZ), fail
+/// with an error instead of ending the process, which would then leave no WinState.
 void turnWriteSignalsIntoErrors();
 
 /// Files to delete when SIGTERM, SIGINT or SIGHUP ends the process: the names prefix + 000 + suffix to
-/// prefix + (count - 1) + suffix, count at most 1000. The signals then end it as they do without us; one
+/// prefix + (count - 1) + suffix, count at most 1000. The signals then end it as they would otherwise; one
 /// that was ignored at the start stays ignored. A later call takes the place of an earlier one.
 void deleteOnTermination(const std::string& prefix, int count, const std::string& suffix);
 

@@ -10,7 +10,7 @@ namespace mobrel {
 
 /// Reads the first frame of a GIF from the source, from the file's first byte, in its place on the logical
 /// screen; a screen too small for the frame is taken as large enough. The result has a table: its depth is
-/// 1, 4 or 8, the next that holds the frame's colours.
+/// 1, 4 or 8, the next of a BMP's that holds the frame's colours.
 ///
 /// Transparent pixels, and what the frame leaves of the screen, have the colour of the background. It takes
 /// the entry of the transparent index, else an equal one, else one that no pixel uses; where all 256 are
