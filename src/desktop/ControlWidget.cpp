@@ -100,14 +100,15 @@ PointerInput ControlWidget::pointer(const QMouseEvent& event) {
 }
 
 /// Of a button that the platform has a number for; others are the window's.
-void ControlWidget::tellButton(QMouseEvent& event, void (Control::*tell)(const PointerInput&)) {
+template <typename Tell>
+void ControlWidget::tellButton(QMouseEvent& event, Tell tell) {
     const PointerInput input = pointer(event);
     if (input.button == MouseButton::kNone) return event.ignore();
-    enterCore([&] { (m_control.*tell)(input); });
+    enterCore([&] { tell(input); });
 }
 
 void ControlWidget::mousePressEvent(QMouseEvent* event) {
-    tellButton(*event, &Control::pointerPressed);
+    tellButton(*event, [this](const PointerInput& input) { m_control.pointerPressed(input); });
 }
 
 void ControlWidget::mouseMoveEvent(QMouseEvent* event) {
@@ -116,11 +117,11 @@ void ControlWidget::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void ControlWidget::mouseReleaseEvent(QMouseEvent* event) {
-    tellButton(*event, &Control::pointerReleased);
+    tellButton(*event, [this](const PointerInput& input) { m_control.pointerReleased(input); });
 }
 
 void ControlWidget::mouseDoubleClickEvent(QMouseEvent* event) {
-    tellButton(*event, &Control::pointerDoubleClicked);
+    tellButton(*event, [this](const PointerInput& input) { m_control.pointerDoubleClicked(input); });
 }
 
 void ControlWidget::leaveEvent(QEvent* /*event*/) {

@@ -41,7 +41,8 @@ class ControlWidget : public QWidget {
 
  private:
     PointerInput pointer(const QMouseEvent& event);
-    void tellButton(QMouseEvent& event, void (Control::*tell)(const PointerInput&));
+    template <typename Tell>
+    void tellButton(QMouseEvent& event, Tell tell);
     void followSize();
 
     Control& m_control;
