@@ -34,8 +34,10 @@ constexpr std::pair<SystemColor, QPalette::ColorRole> kRoles[] = {
 }  // namespace
 
 Color PaletteColors::color(SystemColor index) const {
+    const auto role = valueIn(kRoles, index, QPalette::NoRole);
+    if (role == QPalette::NoRole) return 0;
     const auto group = index == GrayText ? QPalette::Disabled : QPalette::Active;
-    return coreColor(QGuiApplication::palette().color(group, valueIn(kRoles, index, QPalette::WindowText)));
+    return coreColor(QGuiApplication::palette().color(group, role));
 }
 
 }  // namespace mobrel

@@ -29,7 +29,7 @@ void showAbout(fMain& /*main*/, QWidget* parent) {
 
 }  // namespace
 
-void enterDialogs() {
+void registerDialogs() {
     dialogRegistry().filter = showFilter;
     dialogRegistry().about = showAbout;
 }

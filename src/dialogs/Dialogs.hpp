@@ -5,6 +5,6 @@
 namespace mobrel {
 
 /// Enters the dialogs in the desktop's registry.
-void enterDialogs();
+void registerDialogs();
 
 }  // namespace mobrel

@@ -34,7 +34,7 @@ extern "C" __attribute__((visibility("default"))) const mobrel::Desktop* mobrelO
     using namespace mobrel;
     std::string platforms = usablePlatforms();
     if (platforms.empty() || !openApplication(std::move(platforms))) return nullptr;
-    enterDialogs();
+    registerDialogs();
     static const Desktop desktop = qtDesktop();
     return &desktop;
 }

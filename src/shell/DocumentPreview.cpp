@@ -27,6 +27,7 @@ void DocumentPreview::acceptDocument() {
 void DocumentPreview::restoreDocument() {
     load(m_main.Canvas.DIB, m_before);
     m_main.Canvas.Repaint();
+    m_main.Views.tell(&DocumentView::pictureChanged);
 }
 
 void DocumentPreview::tryOnDocument(const Change& change) {

@@ -22,7 +22,7 @@ class DocumentView {
     /// Which steps can be taken back and again.
     virtual void historyChanged(bool /*undo*/, bool /*redo*/) {}
     virtual void depthChanged() {}
-    /// The file's name, the picture's size or the zoom.
+    /// The file's name or the picture's size.
     virtual void captionChanged() {}
     /// The main window is being unloaded, and its views with it.
     virtual void unloading() {}

@@ -14,7 +14,8 @@ enum class Start {
     Editor,
 };
 
-/// As they are in a host's run.
+/// As they are in a host's run. A program takes them over before its first window, the errors' into
+/// setErrorPolicy().
 struct RunRules {
     /// A dialog that works on the document unloads the main window when it is closed.
     bool dialogEndsRun = true;

@@ -91,14 +91,19 @@ void fMain::Unload() {
     }
 }
 
-/// A command that lets pending events run. An error in it forgets an Unload that waits.
+/// A command that lets pending events run, itself or by a command within it, as Paste does when it saves.
 void fMain::runCommand(const std::function<void()>& command) {
-    if (m_runningCommands == 0) m_isUnloadWaiting = false;
-    {
+    const auto unloadIfAsked = [this] {
+        if (m_runningCommands == 0 && std::exchange(m_isUnloadWaiting, false)) unloadNow();
+    };
+    try {
         const ScopedValue running(m_runningCommands, m_runningCommands + 1);
         command();
+    } catch (...) {
+        unloadIfAsked();  // who has closed the window does not find it open again
+        throw;
     }
-    if (m_runningCommands == 0 && std::exchange(m_isUnloadWaiting, false)) unloadNow();
+    unloadIfAsked();
 }
 
 void fMain::runPendingEvents() {

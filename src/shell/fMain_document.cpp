@@ -78,14 +78,16 @@ void fMain::pvSaveAs() {
 /// For a host that wants the picture in a file of its own: whole or not at all.
 void fMain::writeResult() {
     const auto path = environmentValue("MOBREL_RESULT");
-    if (!path || path->empty() || Canvas.DIB.hDIB() == nullptr) return;
+    if (!path || path->empty()) return;
     if (!skipErrors([&] { writeAside(*path); })) {
         m_desktop.windows->message("The picture could not be written to " + *path, MessageIcon::Exclamation,
                                    MessageButtons::Ok);
     }
 }
 
+/// Nothing without a picture.
 void fMain::writeAside(const std::string& path) {
+    if (Canvas.DIB.hDIB() == nullptr) return;
     replaceFile(path, [&](FileWriter& writer) {
         DIBSave.Write_BMP(writer, Canvas.DIB, DIBPal, DIBDither.get(), BPP);
     });

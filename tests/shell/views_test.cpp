@@ -69,7 +69,7 @@ TEST_F(FMain, EveryViewIsAskedWhetherItPreviews) {
         main.mnuColorFilters(1);
         EXPECT_EQ(main.UndoPos(), steps);
         second.isPreviewing = false;
-        main.mnuColorFilters(1);
+        main.DIBFilter_ProgressEnd();  // as an Apply does
         EXPECT_EQ(main.UndoPos(), steps + 1);
     });
 }
@@ -104,7 +104,9 @@ TEST_F(FMain, APreviewStartsAnewFromThePictureBefore) {
         EXPECT_EQ(firstByte(main.Canvas.DIB), 100);
         preview.acceptDocument();
         preview.tryOnDocument(darken);
+        NotingView view(main.Views);
         preview.restoreDocument();
+        EXPECT_EQ(view.heard(), Heard{"picture"});
         EXPECT_EQ(firstByte(main.Canvas.DIB), 100);
         preview.fitAfter(11, 2);
         EXPECT_EQ(std::pair(preview.after().Width(), preview.after().Height()), std::pair(2, 2));
@@ -130,6 +132,14 @@ TEST_F(FMain, AnUnloadAmongPendingEventsWaitsForTheCommand) {
     });
     EXPECT_EQ(main.DIBFilter, nullptr);
     EXPECT_EQ(clipboard.copies, 1);
+}
+
+TEST_F(FMain, AnUnloadThatWaitsIsDoneAfterAnErrorToo) {
+    main.Load(Start::Editor);
+    events.act = [&] { main.Unload(); };
+    main.LastFilename = fileInFolder("nowhere/a.bmp");
+    EXPECT_THROW(main.mnuFiles(1), RuntimeError);
+    EXPECT_EQ(main.DIBFilter, nullptr);
 }
 
 TEST_F(FMain, AnEditorStartsEmptyAndStaysLoaded) {

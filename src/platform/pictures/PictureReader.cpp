@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <optional>
 #include <string_view>
 
@@ -19,6 +18,7 @@ struct Signature {
     std::string_view bytes;
     PictureFileFormat format;
 };
+/// The longest comes last.
 constexpr std::array<Signature, 4> kSignatures{{
     {"BM", PictureFileFormat::Bmp},
     {"GIF8", PictureFileFormat::Gif},
@@ -27,11 +27,10 @@ constexpr std::array<Signature, 4> kSignatures{{
 }};
 
 std::optional<PictureFileFormat> identify(BufferedSource& source) {
-    const auto found = std::ranges::find_if(kSignatures, [&](const Signature& signature) {
-        const std::string_view bytes = signature.bytes;
-        const std::span<const std::uint8_t> head = source.ahead(bytes.size());
-        return head.size() == bytes.size() && std::memcmp(head.data(), bytes.data(), bytes.size()) == 0;
-    });
+    const std::span<const std::uint8_t> head = source.ahead(kSignatures.back().bytes.size());
+    const std::string_view start(reinterpret_cast<const char*>(head.data()), head.size());
+    const auto found = std::ranges::find_if(
+        kSignatures, [&](const Signature& signature) { return start.starts_with(signature.bytes); });
     if (found == kSignatures.end()) return std::nullopt;
     return found->format;
 }

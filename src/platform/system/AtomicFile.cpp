@@ -102,4 +102,15 @@ void replaceFile(const std::string& target, const FileAttributes& attributes, co
     aside.replaceTarget();
 }
 
+void replaceFileDurably(const std::string& target, const FileAttributes& attributes,
+                        const WriteContents& write) {
+    AsideFile aside(target, kPrivateFile);
+    aside.fill([&](FileWriter& file) {
+        write(file);
+        aside.setAttributes(attributes);
+        file.sync();
+    });
+    aside.replaceTarget();
+}
+
 }  // namespace mobrel

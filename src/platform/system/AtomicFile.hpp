@@ -25,6 +25,7 @@ void createFile(const std::string& target, const WriteContents& write);
 /// The same in place of whatever there is of that name. A symbolic link goes, not what it leads to.
 void replaceFile(const std::string& target, const WriteContents& write);
 
+/// Of an earlier file.
 struct FileAttributes {
     uid_t owner = 0;
     gid_t group = 0;
@@ -34,5 +35,9 @@ struct FileAttributes {
 /// The same with the mode of an earlier file and, as far as this process may give it away, its owner and
 /// group. Nobody else can read the new file before it has them.
 void replaceFile(const std::string& target, const FileAttributes& attributes, const WriteContents& write);
+
+/// The same, and the new file with its attributes is on the disk before it takes the target's place.
+void replaceFileDurably(const std::string& target, const FileAttributes& attributes,
+                        const WriteContents& write);
 
 }  // namespace mobrel

@@ -49,7 +49,11 @@ bool BufferedSource::fill(std::size_t count) {
     m_next = 0;
     while (m_end < count && !m_isDry) {
         if (m_end == m_buffer.size()) m_buffer.resize(m_buffer.size() * 2);
-        const std::size_t room = m_buffer.size() - m_end;
+        // Of a stream that turns out to be something else no more is taken, or waited for, than was asked
+        // for.
+        const bool isStart = m_bufferStart + m_end == 0;
+        const std::size_t free = m_buffer.size() - m_end;
+        const std::size_t room = isStart ? std::min(count, free) : free;
         const std::size_t got = m_source.read({m_buffer.data() + m_end, room});
         m_end += got;
         m_isDry = got < room;

@@ -4,11 +4,13 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <limits>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "platform/pictures/PictureReader.hpp"
 #include "support/BmpBuilder.hpp"
 #include "support/MemoryLimit.hpp"
 #include "support/PictureFiles.hpp"
@@ -393,6 +395,14 @@ TEST(BmpReader, RefusesEveryCutFile) {
             EXPECT_EQ(isRead, length + cases[i].spare >= whole.size());
         }
     }
+}
+
+TEST(PictureReader, TakesOfAnotherStreamNoMoreThanItsHead) {
+    const std::vector<std::uint8_t> other(100, 'x');
+    MemorySource source(other);
+    BufferedSource buffered(source);
+    EXPECT_THROW(readPicture(buffered, {}), PictureError);
+    EXPECT_EQ(source.remaining(), 92U);
 }
 
 TEST(BmpReader, NamesTheRowInWhichTheFileEnds) {

@@ -52,7 +52,7 @@ void writeBeside(const std::string& target, const WriteContents& write) {
     namingTarget(target, [&] {
         createFile(target, [&](FileWriter& file) {
             write(file);
-            file.close();
+            file.close();  // its failure is told before that of a name that is taken
             checkFree(target);
         });
     });
@@ -71,10 +71,7 @@ void writeInPlace(const std::string& target, const WriteContents& write) {
     checkFolder(target);
     namingTarget(target, [&] {
         const FileAttributes attributes{status.st_uid, status.st_gid, status.st_mode & 07777};
-        replaceFile(target, attributes, [&](FileWriter& file) {
-            write(file);
-            file.sync();
-        });
+        replaceFileDurably(target, attributes, write);
     });
 }
 
