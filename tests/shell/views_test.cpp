@@ -136,6 +136,7 @@ TEST_F(FMain, AnUnloadAmongPendingEventsWaitsForTheCommand) {
 
 TEST_F(FMain, AnUnloadThatWaitsIsDoneAfterAnErrorToo) {
     main.Load(Start::Editor);
+    main.Canvas.DIB.Create(2, 2, 0);
     events.act = [&] { main.Unload(); };
     main.LastFilename = fileInFolder("nowhere/a.bmp");
     EXPECT_THROW(main.mnuFiles(1), RuntimeError);
