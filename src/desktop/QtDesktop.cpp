@@ -42,12 +42,13 @@ class QtWindows final : public Windows {
     }
     bool showAbout(fMain& main) override { return show("an about box", dialogRegistry().about, main); }
     std::optional<FileAnswer> askForFile(fMain& main, const FileQuestion& question) override {
-        std::optional<FileAnswer> answer;
-        if (!dialogRegistry().file) {
+        auto* const ask = dialogRegistry().file;
+        if (ask == nullptr) {
             tellMissing("\"" + question.title + "\"");
-        } else {
-            enterCore([&] { answer = dialogRegistry().file(main, QApplication::activeWindow(), question); });
+            return std::nullopt;
         }
+        std::optional<FileAnswer> answer;
+        enterCore([&] { answer = ask(main, QApplication::activeWindow(), question); });
         return answer;
     }
 
